@@ -1,0 +1,67 @@
+# One folder, one target, and an include works only where the target links the folder's target.
+#
+# Every target publishes its own folder through a link farm of one folder,
+# <build>/include/<target>/<path of the folder>, so that `#include "Platform/Foundation/Data.h"`
+# is found exactly by the targets that link pv_foundation.
+
+# Publishes `folder` (a path from the top of the tree) to those who link `target`.
+function(pv_publish_folder target folder)
+    set(farm ${CMAKE_BINARY_DIR}/include/${target})
+    cmake_path(GET folder PARENT_PATH parent)
+    file(MAKE_DIRECTORY ${farm}/${parent})
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${farm}/${folder} SYMBOLIC)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "INTERFACE_LIBRARY")
+        target_include_directories(${target} INTERFACE ${farm})
+    else()
+        target_include_directories(${target} PUBLIC ${farm})
+    endif()
+endfunction()
+
+# Adds a library of one folder: pv_library(target FOLDER path SOURCES file...
+#   [PUBLIC target...] [PRIVATE target...])
+function(pv_library target)
+    cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/${ARG_FOLDER}/)
+    add_library(${target} STATIC ${ARG_SOURCES})
+    target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+    pv_publish_folder(${target} ${ARG_FOLDER})
+    pv_check_headers(${target} ${ARG_FOLDER})
+endfunction()
+
+# Adds the target `<target>_headers`, which compiles each header of `folder` alone.
+function(pv_check_headers target folder)
+    if(NOT PARLAVOX_DEVELOPER)
+        return()
+    endif()
+    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}
+         ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+    set(units)
+    foreach(header IN LISTS headers)
+        string(MAKE_C_IDENTIFIER ${header} name)
+        set(unit ${CMAKE_BINARY_DIR}/headers/${name}.cpp)
+        file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"@header@\"\n" @ONLY)
+        list(APPEND units ${unit})
+    endforeach()
+    if(units)
+        add_library(${target}_headers OBJECT EXCLUDE_FROM_ALL ${units})
+        get_target_property(type ${target} TYPE)
+        if(type STREQUAL "EXECUTABLE" OR type STREQUAL "MODULE_LIBRARY")
+            target_include_directories(${target}_headers PRIVATE
+                $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
+        else()
+            target_link_libraries(${target}_headers PRIVATE ${target})
+        endif()
+        set_property(GLOBAL APPEND PROPERTY PV_HEADER_CHECKS ${target}_headers)
+    endif()
+endfunction()
+
+# Adds a program of tests: pv_test(target FOLDER path SOURCES file... LINK target...)
+function(pv_test target)
+    cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINK" ${ARGN})
+    list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/Tests/${ARG_FOLDER}/)
+    add_executable(${target} ${ARG_SOURCES})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK} pv_test_support GTest::gtest
+                                            GTest::gtest_main)
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()
