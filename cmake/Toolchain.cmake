@@ -24,7 +24,8 @@ if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
+# g++ takes the enumerators of a scoped enumeration for shadows of types, clang does not.
+add_compile_options(-Wall -Wextra -Wpedantic $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)
 add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
                     $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>)
 if(PARLAVOX_DEVELOPER)

@@ -13,7 +13,9 @@ AssertionHandlerScope::AssertionHandlerScope(AssertionHandler& handler) : outer_
     currentHandler = &handler;
 }
 
-AssertionHandlerScope::~AssertionHandlerScope() { currentHandler = outer_; }
+AssertionHandlerScope::~AssertionHandlerScope() {
+    currentHandler = outer_;
+}
 
 void failAssertion(std::string description, SourcePlace place) {
     AssertionFailure failure(std::move(description), place.file, place.line);

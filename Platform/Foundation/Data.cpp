@@ -11,7 +11,9 @@ Data Data::copyOf(std::span<const std::byte> bytes) {
     return adopt(std::vector<std::byte>(bytes.begin(), bytes.end()));
 }
 
-Data Data::copyOf(std::string_view bytes) { return copyOf(std::as_bytes(std::span(bytes))); }
+Data Data::copyOf(std::string_view bytes) {
+    return copyOf(std::as_bytes(std::span(bytes)));
+}
 
 Data Data::adopt(Buffer bytes) {
     const std::span<const std::byte> span = bytes.span();

@@ -4,6 +4,8 @@
 
 namespace platform {
 
-void noteException(const Exception& exception) { noteFailure(exception.reason()); }
+void noteException(const Exception& exception) {
+    noteFailure(exception.reason());
+}
 
 }  // namespace platform

@@ -39,7 +39,8 @@ private:
 /// A position or range outside of what it indexes: "NSRangeException".
 class RangeException : public Exception {
 public:
-    explicit RangeException(std::string reason) : Exception("NSRangeException", std::move(reason)) {}
+    explicit RangeException(std::string reason)
+        : Exception("NSRangeException", std::move(reason)) {}
 };
 
 /// An argument that the operation cannot take: "NSInvalidArgumentException".

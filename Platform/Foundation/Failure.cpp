@@ -57,14 +57,20 @@ void noteFailure(std::string_view cause) noexcept {
     noted = true;
 }
 
-const char* lastFailure() noexcept { return noted ? line.text.data() : nullptr; }
+const char* lastFailure() noexcept {
+    return noted ? line.text.data() : nullptr;
+}
 
-void clearFailure() noexcept { noted = false; }
+void clearFailure() noexcept {
+    noted = false;
+}
 
 FailureContext::FailureContext(std::string_view what) noexcept : what_(what), outer_(innermost) {
     innermost = this;
 }
 
-FailureContext::~FailureContext() { innermost = outer_; }
+FailureContext::~FailureContext() {
+    innermost = outer_;
+}
 
 }  // namespace platform

@@ -22,6 +22,8 @@ void log(std::string_view line) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
-LogSink setLogSink(LogSink sink) { return currentSink.exchange(sink); }
+LogSink setLogSink(LogSink sink) {
+    return currentSink.exchange(sink);
+}
 
 }  // namespace platform

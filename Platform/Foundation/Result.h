@@ -64,14 +64,17 @@ private:
 
 /// Success without a value, or a Fault.
 using Outcome = Result<std::monostate>;
-inline Outcome done() { return std::monostate{}; }
+inline Outcome done() {
+    return std::monostate{};
+}
 
 }  // namespace platform
 
 /// The value of a Result expression; when it has none, returns its Fault from the calling function.
-#define PV_TRY(expression)                                  \
-    __extension__({                                         \
-        auto pv_result = (expression);                      \
-        if (!pv_result) return std::move(pv_result).fault(); \
-        std::move(pv_result).value();                       \
+#define PV_TRY(expression)                       \
+    __extension__({                              \
+        auto pv_result = (expression);           \
+        if (!pv_result)                          \
+            return std::move(pv_result).fault(); \
+        std::move(pv_result).value();            \
     })

@@ -45,7 +45,19 @@ struct Uid {
 using Array = std::vector<Value>;
 
 /// What a Value holds.
-enum class ValueKind { Null, Boolean, Integer, Real, Date, Data, String, Array, Dictionary, Uid, Object };
+enum class ValueKind {
+    Null,
+    Boolean,
+    Integer,
+    Real,
+    Date,
+    Data,
+    String,
+    Array,
+    Dictionary,
+    Uid,
+    Object
+};
 
 /// One value of any kind; the accessors answer nothing (null) when the value is of another kind.
 class Value {
@@ -62,6 +74,7 @@ public:
     Value(platform::Data data) : content_(std::move(data)) {}
     Value(std::u16string string);
     Value(const char16_t* string) : Value(std::u16string(string)) {}
+    Value(const char*) = delete;
     Value(Array array);
     Value(platform::Dictionary dictionary);
     Value(platform::Uid uid) : content_(uid) {}
@@ -86,14 +99,16 @@ public:
     [[nodiscard]] std::shared_ptr<const std::u16string> sharedString() const;
     [[nodiscard]] const Array* array() const;
     [[nodiscard]] const platform::Dictionary* dictionary() const;
+    /// The dictionary, shared with this value.
+    [[nodiscard]] std::shared_ptr<const platform::Dictionary> sharedDictionary() const;
     [[nodiscard]] std::optional<platform::Uid> uid() const;
     [[nodiscard]] std::shared_ptr<const platform::Object> object() const;
 
     /// The string as UTF-8; nothing when the value is no string.
     [[nodiscard]] std::optional<std::string> utf8() const;
 
-    /// The value as an integer the way the platform reads one: numbers are truncated toward zero and
-    /// saturate, a boolean is 0 or 1, a string counts as far as it is decimal. Nothing when the
+    /// The value as an integer the way the platform reads one: numbers are truncated toward zero
+    /// and saturate, a boolean is 0 or 1, a string counts as far as it is decimal. Nothing when the
     /// value is neither a number nor a string.
     ///
     /// Selector: integerValue
@@ -130,8 +145,8 @@ public:
     /// The value under `key`, null when there is none. Costs a hash look-up at most.
     [[nodiscard]] const Value* find(std::string_view key) const;
 
-    /// The value under `key` itself, the null value when there is none.
-    [[nodiscard]] const Value& operator[](std::string_view key) const;
+    /// The value under `key`, the null value when there is none.
+    [[nodiscard]] Value operator[](std::string_view key) const;
 
     void set(std::string key, Value value);
 

@@ -39,9 +39,8 @@ TEST(AssertionHandler, HandlerThatReturnsLetsTheOperationFail) {
         EXPECT_FALSE(require(false, "bytes", kPlace));
         failAssertion("inflateInit2 failed with code: 4", kPlace);
     }
-    EXPECT_EQ(recorder.reasons,
-              (std::vector<std::string>{"Invalid parameter not satisfying: bytes",
-                                        "inflateInit2 failed with code: 4"}));
+    EXPECT_EQ(recorder.reasons, (std::vector<std::string>{"Invalid parameter not satisfying: bytes",
+                                                          "inflateInit2 failed with code: 4"}));
     EXPECT_THROW((void)require(false, "bytes", kPlace), AssertionFailure);
 }
 

@@ -8,7 +8,9 @@
 namespace platform {
 namespace {
 
-TEST(Range, EndIsExclusive) { EXPECT_EQ((Range{3, 4}).end(), 7u); }
+TEST(Range, EndIsExclusive) {
+    EXPECT_EQ((Range{3, 4}).end(), 7u);
+}
 
 TEST(Range, LiesWithinWithoutOverflow) {
     constexpr std::uint64_t kMax = std::numeric_limits<std::uint64_t>::max();

@@ -1,0 +1,167 @@
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Platform/Foundation/Base64.h"
+#include "Platform/Foundation/CalendarDate.h"
+#include "Platform/Foundation/PropertyListDecoder.h"
+#include "Platform/Foundation/XmlPropertyList.h"
+
+namespace platform {
+namespace {
+
+constexpr std::string_view kHead =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<plist version=\"1.0\">\n";
+
+std::string escaped(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        switch (c) {
+            case '<':
+                result += "&lt;";
+                break;
+            case '>':
+                result += "&gt;";
+                break;
+            case '&':
+                result += "&amp;";
+                break;
+            default:
+                result += c;
+        }
+    }
+    return result;
+}
+
+std::string realText(double value) {
+    if (value == 0) {
+        return "0.0";
+    }
+    if (std::isnan(value)) {
+        return "nan";
+    }
+    if (std::isinf(value)) {
+        return value > 0 ? "+infinity" : "-infinity";
+    }
+    // As printf's %.17g, whatever the locale.
+    char text[64];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 17);
+    return std::string(text, end.ptr);
+}
+
+class Writer {
+public:
+    Outcome write(const Value& value, unsigned depth) {
+        if (depth > kMaxPropertyListDepth) {
+            return Fault{FaultCode::TooDeep, "property list nested deeper than " +
+                                                 std::to_string(kMaxPropertyListDepth) + " levels"};
+        }
+        switch (value.kind()) {
+            case ValueKind::Boolean:
+                line(depth, *value.boolean() ? "<true/>" : "<false/>");
+                return done();
+            case ValueKind::Integer:
+                element(depth, "integer",
+                        value.integer() ? std::to_string(*value.integer())
+                                        : std::to_string(*value.unsignedInteger()));
+                return done();
+            case ValueKind::Real:
+                element(depth, "real", realText(*value.real()));
+                return done();
+            case ValueKind::Date:
+                element(depth, "date", textFromDate(*value.date()));
+                return done();
+            case ValueKind::Data:
+                writeData(value.data()->view(), depth);
+                return done();
+            case ValueKind::String:
+                element(depth, "string", escaped(*value.utf8()));
+                return done();
+            case ValueKind::Array:
+                return writeArray(*value.array(), depth);
+            case ValueKind::Dictionary:
+                return writeDictionary(*value.dictionary(), depth);
+            case ValueKind::Uid:
+                return writeDictionary({{"CF$UID", Value(value.uid()->index)}}, depth);
+            default:
+                return Fault{FaultCode::Unsupported, "value that is no property list"};
+        }
+    }
+
+    std::string text{kHead};
+
+private:
+    void line(unsigned depth, std::string_view content) {
+        text.append(depth, '\t');
+        text += content;
+        text += '\n';
+    }
+
+    void element(unsigned depth, std::string_view name, std::string_view content) {
+        text.append(depth, '\t');
+        text.append("<").append(name).append(">").append(content);
+        text.append("</").append(name).append(">\n");
+    }
+
+    void writeData(std::string_view bytes, unsigned depth) {
+        const std::string digits = base64FromBytes(bytes);
+        const std::size_t lineLength = 76 - 8 * std::min(depth, 8u);
+        line(depth, "<data>");
+        for (std::size_t i = 0; i < digits.size(); i += lineLength) {
+            line(depth, std::string_view(digits).substr(i, lineLength));
+        }
+        line(depth, "</data>");
+    }
+
+    Outcome writeArray(const Array& array, unsigned depth) {
+        if (array.empty()) {
+            line(depth, "<array/>");
+            return done();
+        }
+        line(depth, "<array>");
+        for (const Value& element : array) {
+            PV_TRY(write(element, depth + 1));
+        }
+        line(depth, "</array>");
+        return done();
+    }
+
+    Outcome writeDictionary(const Dictionary& dictionary, unsigned depth) {
+        if (dictionary.size() == 0) {
+            line(depth, "<dict/>");
+            return done();
+        }
+        std::vector<const Dictionary::Entry*> entries;
+        for (const auto& entry : dictionary.entries()) {
+            entries.push_back(&entry);
+        }
+        std::sort(entries.begin(), entries.end(),
+                  [](const auto* a, const auto* b) { return a->first < b->first; });
+        line(depth, "<dict>");
+        for (const auto* entry : entries) {
+            element(depth + 1, "key", escaped(entry->first));
+            PV_TRY(write(entry->second, depth + 1));
+        }
+        line(depth, "</dict>");
+        return done();
+    }
+};
+
+}  // namespace
+
+Result<Data> xmlFromValue(const Value& propertyList) {
+    Writer writer;
+    PV_TRY(writer.write(propertyList, 0));
+    writer.text += "</plist>\n";
+    return Data::adopt(std::move(writer.text));
+}
+
+}  // namespace platform
