@@ -35,6 +35,10 @@ Outcome PropertyListDecoder::charge(std::uint64_t bytes) {
     return done();
 }
 
+Outcome PropertyListDecoder::chargeKey(std::string_view key) {
+    return charge(key.size() - std::min<std::uint64_t>(key.size(), kFreeKeyBytes));
+}
+
 Result<Value> PropertyListDecoder::valueAt(std::uint64_t index) {
     return build(index, 0);
 }
@@ -83,7 +87,7 @@ Result<Value> PropertyListDecoder::buildContainer(const BinaryItem& item, unsign
         if (!name) {
             return Fault{FaultCode::Malformed, "dictionary key that is no string"};
         }
-        PV_TRY(charge(name->size() - std::min<std::uint64_t>(name->size(), kFreeKeyBytes)));
+        PV_TRY(chargeKey(*name));
         entries.emplace_back(std::move(*name), PV_TRY(build(list_.valueAt(item, i), depth + 1)));
     }
     return Value(Dictionary(std::move(entries)));

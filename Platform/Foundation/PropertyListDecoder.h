@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <unordered_map>
 
 #include "Platform/Foundation/BinaryPropertyList.h"
@@ -31,6 +32,9 @@ public:
 
     /// Counts `bytes` against what may be built; a Fault when too much was built already.
     Outcome charge(std::uint64_t bytes);
+
+    /// Counts a dictionary's own copy of `key`: what goes beyond the length of ordinary keys.
+    Outcome chargeKey(std::string_view key);
 
 private:
     Result<Value> build(std::uint64_t index, unsigned depth);

@@ -70,11 +70,16 @@ inline Outcome done() {
 
 }  // namespace platform
 
-/// The value of a Result expression; when it has none, returns its Fault from the calling function.
-#define PV_TRY(expression)                       \
-    __extension__({                              \
-        auto pv_result = (expression);           \
-        if (!pv_result)                          \
-            return std::move(pv_result).fault(); \
-        std::move(pv_result).value();            \
+// Nested uses need names of their own.
+#define PV_TRY_JOIN(first, second) first##second
+#define PV_TRY_NAME(number) PV_TRY_JOIN(pv_result_, number)
+#define PV_TRY_AS(name, expression)         \
+    __extension__({                         \
+        auto name = (expression);           \
+        if (!name)                          \
+            return std::move(name).fault(); \
+        std::move(name).value();            \
     })
+
+/// The value of a Result expression; when it has none, returns its Fault from the calling function.
+#define PV_TRY(expression) PV_TRY_AS(PV_TRY_NAME(__COUNTER__), expression)

@@ -1,0 +1,71 @@
+// What a KeyedUnarchiver knows of its archive. For the unarchiver's own sources.
+//
+// One thread at a time.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "Platform/Foundation/ArchivedObject.h"
+#include "Platform/Foundation/KeyedArchiveTable.h"
+#include "Platform/Foundation/KeyedUnarchiver.h"
+#include "Platform/Foundation/PropertyListDecoder.h"
+
+namespace platform {
+
+/// The archive, the classes known for it, and the objects decoded so far.
+class KeyedUnarchiver::Archive {
+public:
+    Archive(KeyedUnarchiver& unarchiver, KeyedArchiveTable table);
+
+    /// Decodes what a field or an element holds: a reference's object, or an inline value, whose
+    /// own elements may be references.
+    Result<Value> valueOfNumber(std::uint64_t number, unsigned depth);
+
+    /// Decodes the object that `reference` names.
+    Result<Value> objectOfReference(std::uint64_t reference, unsigned depth);
+
+    /// An instance's class: how to decode it, or null, and its names.
+    struct Class {
+        ObjectDecoder decode = nullptr;
+        std::shared_ptr<const ArchivedClassNames> names;
+    };
+
+    /// Returns the class of the instance `item`; null when it is no instance.
+    Result<const Class*> classOf(const BinaryItem& item);
+
+    Result<Value> opaqueObject(const ArchivedObject& object, const BinaryItem& item);
+
+    const KeyedArchiveTable table;
+    PropertyListDecoder decoder;
+    std::unordered_map<std::string_view, ObjectDecoder> knownClasses;
+    std::uint64_t nextUnkeyed = 0;
+
+private:
+    /// An object of the table: decoded, or being decoded.
+    struct Slot {
+        std::optional<Value> value;
+        /// The object itself while its fields are being decoded, if it is opaque.
+        std::weak_ptr<const OpaqueObject> unfinished;
+    };
+
+    Result<Value> objectAt(std::uint64_t reference, unsigned depth);
+    Result<Value> instance(const Class& type, const BinaryItem& item, unsigned depth);
+    Result<Value> inlineContainer(const BinaryItem& item, unsigned depth);
+    ObjectDecoder decoderFor(const ArchivedClassNames& names) const;
+
+    KeyedUnarchiver& unarchiver_;
+    std::unordered_map<std::uint64_t, Class> classes_;
+    /// For each object of the table, 0 or one more than the place of its slot.
+    std::vector<std::uint32_t> places_;
+    std::vector<Slot> slots_;
+    /// The slots of the objects that are being decoded, innermost last.
+    std::vector<std::uint32_t> open_;
+};
+
+}  // namespace platform

@@ -1,0 +1,20 @@
+// How attributed text is kept in keyed archives.
+//
+// Constant; any thread at once.
+
+#pragma once
+
+#include <span>
+
+#include "Platform/Foundation/KeyedUnarchiver.h"
+
+namespace platform {
+
+/// The classes of attributed text, to be added to an unarchiver. Each decodes to an
+/// AttributedString object.
+///
+/// A text that is missing is empty, one that is no string is a Fault. Attributes that are damaged
+/// end where the damage begins: the text is kept, with the attributes before it.
+[[nodiscard]] std::span<const CodableClass> attributedTextClasses();
+
+}  // namespace platform

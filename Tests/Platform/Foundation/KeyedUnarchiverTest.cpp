@@ -1,0 +1,290 @@
+#include "Platform/Foundation/KeyedUnarchiver.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Foundation/ArchivedObject.h"
+#include "Platform/Foundation/Exception.h"
+#include "Tools/samples/ArchiveBuilder.h"
+
+namespace platform {
+namespace {
+
+using samples::ArchiveBuilder;
+
+Value decode(const Data& archive) {
+    return KeyedUnarchiver::initForReadingWithData(archive)->decodeObject();
+}
+
+/// The reason with which reading `archive` fails; empty when it does not.
+std::string failureOf(const Data& archive) {
+    try {
+        (void)decode(archive);
+        return "";
+    } catch (const UnarchiveException& exception) {
+        return exception.reason();
+    }
+}
+
+std::shared_ptr<const OpaqueObject> opaque(const Value& value) {
+    return std::dynamic_pointer_cast<const OpaqueObject>(value.object());
+}
+
+Data propertyList(const Value& value) {
+    return PropertyListSerialization::dataWithPropertyList(value, PropertyListFormat::Binary)
+        .value();
+}
+
+TEST(KeyedUnarchiver, ReadsEveryFoundationClassInBothForms) {
+    for (const auto format : {PropertyListFormat::Binary, PropertyListFormat::Xml}) {
+        ArchiveBuilder b;
+        const Uid mutableString =
+            b.addInstance(b.addClass({"NSMutableString", "NSString", "NSObject"}),
+                          {{"NS.string", Value(u"two")}});
+        const Uid bytesString = b.addInstance(b.addClass({"NSString", "NSObject"}),
+                                              {{"NS.bytes", Value(Data::copyOf("caf\xC3\xA9"))}});
+        const Uid emptyString = b.addInstance(b.addClass({"NSString", "NSObject"}), {});
+        const Uid date =
+            b.addInstance(b.addClass({"NSDate", "NSObject"}), {{"NS.time", Value(12.5)}});
+        const Uid data = b.addInstance(b.addClass({"NSMutableData", "NSData", "NSObject"}),
+                                       {{"NS.data", Value(Data::copyOf("abc"))}});
+        const Uid numbered = b.addInstance(
+            b.addClass({"NSArray", "NSObject"}),
+            {{"NS.object.1", Value(b.add(u"b"))}, {"NS.object.0", Value(b.add(u"a"))}});
+        const Uid numberedDictionary = b.addInstance(
+            b.addClass({"NSDictionary", "NSObject"}),
+            {{"NS.key.0", Value(b.add(u"k"))}, {"NS.object.0", Value(b.add(Value(1)))}});
+        const Uid array =
+            b.addArray({b.add(u"one"), mutableString, b.add(Value(3)), b.add(Value(true)), date,
+                        data, Uid{0}, bytesString, emptyString, numbered, numberedDictionary});
+        const Uid root = b.addDictionary({{b.add(u"list"), array}, {b.add(u"again"), array}});
+        const Value list = Array{Value(u"one"),
+                                 Value(u"two"),
+                                 Value(3),
+                                 Value(true),
+                                 Value(Date{12.5}),
+                                 Value(Data::copyOf("abc")),
+                                 Value(),
+                                 Value(u"caf\u00E9"),
+                                 Value(u""),
+                                 Value(Array{Value(u"a"), Value(u"b")}),
+                                 Value(Dictionary{{"k", Value(1)}})};
+        EXPECT_EQ(decode(b.finish(root, format)),
+                  Value(Dictionary{{"list", list}, {"again", list}}));
+    }
+}
+
+TEST(KeyedUnarchiver, ChoosesTheTopLevelObject) {
+    struct Row {
+        const char* name;
+        Dictionary top;
+        Value want;
+    };
+    ArchiveBuilder b;
+    const Uid a = b.add(u"a");
+    const Uid c = b.add(u"c");
+    const Row rows[] = {
+        {"root", {{"other", Value(c)}, {"root", Value(a)}}, Value(u"a")},
+        {"the only key", {{"foundItems", Value(a)}}, Value(u"a")},
+        {"unkeyed before root", {{"root", Value(c)}, {"$0", Value(a)}}, Value(u"a")},
+        {"inline string", {{"root", Value(u"inline")}}, Value(u"inline")},
+        {"null object", {{"root", Value(Uid{0})}}, Value()},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(decode(b.finishWithTop(row.top)), row.want);
+    }
+    EXPECT_EQ(failureOf(b.finishWithTop({{"x", Value(a)}, {"y", Value(c)}})),
+              "keyed archive without a root object");
+    EXPECT_EQ(failureOf(b.finishWithTop({})), "keyed archive without a root object");
+}
+
+TEST(KeyedUnarchiver, UnkeyedObjectsComeOneAfterAnother) {
+    ArchiveBuilder b;
+    const Data archive = b.finishWithTop({{"$0", Value(b.add(u"a"))}, {"$1", Value(b.add(u"b"))}});
+    const auto unarchiver = KeyedUnarchiver::initForReadingWithData(archive);
+    EXPECT_EQ(unarchiver->decodeObject(), Value(u"a"));
+    EXPECT_EQ(unarchiver->decodeObject(), Value(u"b"));
+    EXPECT_THROW((void)unarchiver->decodeObject(), UnarchiveException);
+}
+
+TEST(KeyedUnarchiver, TopLevelKeysAreFoundAndEscaped) {
+    ArchiveBuilder b;
+    const Data archive = b.finishWithTop(
+        {{"State", Value(b.add(u"s"))}, {"$$odd", Value(b.add(u"o"))}, {"nil", Value(Uid{0})}});
+    const auto unarchiver = KeyedUnarchiver::initForReadingWithData(archive);
+    EXPECT_EQ(unarchiver->decodeObjectForKey("State"), Value(u"s"));
+    EXPECT_EQ(unarchiver->decodeObjectForKey("$odd"), Value(u"o"));
+    EXPECT_TRUE(unarchiver->containsValueForKey("nil"));
+    EXPECT_TRUE(unarchiver->decodeObjectForKey("nil").isNull());
+    EXPECT_FALSE(unarchiver->containsValueForKey("none"));
+    EXPECT_TRUE(unarchiver->decodeObjectForKey("none").isNull());
+    unarchiver->finishDecoding();
+    EXPECT_FALSE(unarchiver->containsValueForKey("State"));
+    EXPECT_TRUE(unarchiver->decodeObject().isNull());
+}
+
+TEST(KeyedUnarchiver, UnknownClassesBecomeOpaqueObjectsWithAllFields) {
+    ArchiveBuilder b;
+    const Uid part = b.addInstance(b.addClass({"AcmePart", "NSObject"}), {{"n", Value(4)}});
+    const Uid root = b.addInstance(b.addClass({"AcmeThing", "AcmeBase", "NSObject"}),
+                                   {{"part", Value(part)},
+                                    {"flags", Value(Array{Value(1), Value(part)})},
+                                    {"none", Value(Uid{0})}});
+    const auto thing = opaque(decode(b.finish(root)));
+    ASSERT_NE(thing, nullptr);
+    EXPECT_EQ(thing->type->names, (std::vector<std::string>{"AcmeThing", "AcmeBase", "NSObject"}));
+    ASSERT_EQ(thing->fields.size(), 3u) << "the class is no field";
+    const auto inner = opaque(thing->fields["part"]);
+    ASSERT_NE(inner, nullptr);
+    EXPECT_EQ(inner->fields["n"], Value(4));
+    EXPECT_EQ((*thing->fields["flags"].array())[1].object(), inner) << "one object, named twice";
+    EXPECT_TRUE(thing->fields["none"].isNull());
+}
+
+TEST(KeyedUnarchiver, SuperclassesAndHintsServeForUnknownClasses) {
+    ArchiveBuilder b;
+    const Uid derived = b.addInstance(b.addClass({"AcmeString", "NSMutableString", "NSString"}),
+                                      {{"NS.string", Value(u"text")}});
+    EXPECT_EQ(decode(b.finish(derived)), Value(u"text"));
+
+    const Uid hinted = b.add(Dictionary{{"$classname", Value(u"AcmeText")},
+                                        {"$classhints", Value(Array{Value(u"NSString")})}});
+    const Uid instance = b.addInstance(hinted, {{"NS.string", Value(u"hint")}});
+    EXPECT_EQ(decode(b.finish(instance)), Value(u"hint"));
+}
+
+TEST(KeyedUnarchiver, KnownClassesCanBeAdded) {
+    static constexpr CodableClass kClasses[] = {
+        {"AcmePair", [](const ArchivedObject& object) -> Result<Value> {
+             const Value first = PV_TRY(object.objectForKey("first"));
+             const Value second = PV_TRY(object.objectForKey("second"));
+             return Value(Array{first, second});
+         }}};
+    ArchiveBuilder b;
+    const Uid root = b.addInstance(b.addClass({"AcmePair", "NSObject"}),
+                                   {{"first", Value(b.add(u"a"))}, {"second", Value(2)}});
+    const auto unarchiver = KeyedUnarchiver::initForReadingWithData(b.finish(root));
+    unarchiver->addClasses(kClasses);
+    EXPECT_EQ(unarchiver->decodeObject(), Value(Array{Value(u"a"), Value(2)}));
+}
+
+TEST(KeyedUnarchiver, CyclesThroughOpaqueObjectsAreKeptAsBackReferences) {
+    ArchiveBuilder b;
+    const Uid type = b.addClass({"AcmeNode", "NSObject"});
+    const Uid child = b.addInstance(type, {{"parent", Value(Uid{3})}});
+    const Uid root = b.addInstance(type, {{"child", Value(child)}});
+    ASSERT_EQ(root.index, 3u);
+    const auto parent = opaque(decode(b.finish(root)));
+    ASSERT_NE(parent, nullptr);
+    const auto inner = opaque(parent->fields["child"]);
+    ASSERT_NE(inner, nullptr);
+    const auto back =
+        std::dynamic_pointer_cast<const BackReference>(inner->fields["parent"].object());
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->target.lock(), parent);
+}
+
+TEST(KeyedUnarchiver, DictionariesWithOtherKeysStayOpaque) {
+    ArchiveBuilder b;
+    const Uid root = b.addDictionary({{b.add(Value(7)), b.add(u"seven")}});
+    const auto dictionary = opaque(decode(b.finish(root)));
+    ASSERT_NE(dictionary, nullptr);
+    EXPECT_EQ(dictionary->type->names.front(), "NSDictionary");
+}
+
+TEST(KeyedUnarchiver, DamageIsRaisedAndNamed) {
+    ArchiveBuilder good;
+    const Value noTop = Dictionary{{"$objects", Value(Array{})}};
+    const Value noObjects = Dictionary{{"$top", Value(Dictionary())}};
+    const Value listObjects =
+        Dictionary{{"$top", Value(Dictionary())}, {"$objects", Value(Dictionary())}};
+    ArchiveBuilder cyclic;
+    const Uid loop = cyclic.addArray({Uid{2}});
+    ArchiveBuilder pairs;
+    const Uid uneven = pairs.addInstance(
+        pairs.addClass({"NSDictionary"}),
+        {{"NS.keys", Value(Array{Value(pairs.add(u"k"))})}, {"NS.objects", Value(Array{})}});
+    ArchiveBuilder classes;
+    const Uid notAClass = classes.addInstance(classes.add(u"name"), {});
+    const Uid farClass = classes.addInstance(Uid{88}, {});
+    const Uid inlineClass = classes.add(Value(Dictionary{{"$class", Value(u"NSArray")}}));
+    const Uid noDate = classes.addInstance(classes.addClass({"NSDate"}), {});
+    struct Row {
+        const char* name;
+        Data archive;
+        const char* reason;
+    };
+    const Row rows[] = {
+        {"no property list", Data::copyOf("words"), "syntax error in line 1"},
+        {"empty", Data(), "no element found in line 1"},
+        {"plain property list", propertyList(Value(u"x")),
+         "property list that is no keyed archive"},
+        {"no top", propertyList(noTop), "keyed archive without $top"},
+        {"no objects", propertyList(noObjects), "keyed archive without $objects"},
+        {"objects of another kind", propertyList(listObjects), "$objects that is no array"},
+        {"root outside of the table", good.finish(Uid{41}), "reference 41 of 1"},
+        {"array that contains itself", cyclic.finish(loop), "object 2 contains itself"},
+        {"uneven dictionary", pairs.finish(uneven), "dictionary of 1 keys and 0 values"},
+        {"class that is none", classes.finish(notAClass), "object 1 that is no class"},
+        {"class outside of the table", classes.finish(farClass), "reference 88 of 7"},
+        {"class inline", classes.finish(inlineClass), "$class that is no reference"},
+        {"date without a time", classes.finish(noDate), "date without a time"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(failureOf(row.archive), row.reason);
+    }
+}
+
+TEST(KeyedUnarchiver, NestingIsBounded) {
+    ArchiveBuilder b;
+    Uid inner = b.add(u"x");
+    const Uid type = b.addClass({"NSArray", "NSObject"});
+    for (int i = 0; i < 5000; ++i) {
+        inner = b.addInstance(type, {{"NS.objects", Value(Array{Value(inner)})}});
+    }
+    EXPECT_EQ(failureOf(b.finish(inner)), "objects nested deeper than 256 levels");
+}
+
+TEST(KeyedUnarchiver, ReferencesToReferencesEnd) {
+    // In XML a table entry can itself be a reference, here to itself and around.
+    ArchiveBuilder b;
+    const Uid first = b.add(Value(Uid{2}));
+    b.add(Value(Uid{1}));
+    EXPECT_EQ(failureOf(b.finish(first)), "object 1 contains itself");
+}
+
+TEST(KeyedUnarchiver, SharedObjectsAreDecodedOnce) {
+    ArchiveBuilder b;
+    Uid inner = b.add(u"leaf");
+    for (int i = 0; i < 40; ++i) {
+        inner = b.addArray(std::vector<Uid>(10, inner));
+    }
+    EXPECT_EQ(decode(b.finish(inner)).array()->size(), 10u);
+}
+
+TEST(KeyedUnarchiver, EveryPrefixOfAGoodArchiveRaises) {
+    const Data archive = samples::archiveOfText(u"A text of some length, with caf\u00E9.");
+    for (std::size_t size = 0; size < archive.size(); ++size) {
+        EXPECT_NE(failureOf(archive.subdataWithRange({0, size})), "") << size;
+    }
+}
+
+TEST(KeyedUnarchiver, AnyByteMayBeWrong) {
+    const Data archive = samples::archiveOfText(u"short");
+    for (std::size_t at = 0; at < archive.size(); ++at) {
+        for (const int flip : {0x01, 0x10, 0x80, 0xFF}) {
+            std::string bytes(archive.view());
+            bytes[at] = static_cast<char>(bytes[at] ^ flip);
+            // A value or an UnarchiveException; anything else ends the test.
+            (void)failureOf(Data::copyOf(bytes));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace platform
