@@ -131,7 +131,8 @@ std::span<const std::string_view> codeFolders(const std::string& bundlePath) {
 constinit std::atomic<const Bundle::MainBundle*> Bundle::namedMainBundle_ = nullptr;
 
 Bundle::Bundle(PassKey, std::string path, Dictionary information)
-    : path_(std::move(path)), information_(std::move(information)) {}
+    : path_(std::move(path)), information_(std::move(information)) {
+}
 
 std::shared_ptr<const Bundle> Bundle::bundleWithPath(std::string_view path) {
     std::string folder(withoutSlashesAtEnd(path));
@@ -162,7 +163,9 @@ void Bundle::setMainBundle(std::string_view identifier, std::string_view shortVe
     (void)require(before == nullptr, "the main bundle has no name yet", {__FILE__, __LINE__});
 }
 
-Value Bundle::objectForInfoDictionaryKey(std::string_view key) const { return information_[key]; }
+Value Bundle::objectForInfoDictionaryKey(std::string_view key) const {
+    return information_[key];
+}
 
 std::optional<std::string> Bundle::bundleIdentifier() const {
     return information_["CFBundleIdentifier"].utf8();

@@ -18,7 +18,9 @@ constexpr std::size_t kTypeCount = kTypeTable.size();
 using TypeSet = std::uint64_t;
 static_assert(kTypeCount <= 64, "a set of types no longer fits into one word");
 
-constexpr TypeSet setOf(std::size_t row) { return TypeSet{1} << row; }
+constexpr TypeSet setOf(std::size_t row) {
+    return TypeSet{1} << row;
+}
 
 /// The rows in the order of their identifiers, for binary search.
 constexpr std::array<std::uint8_t, kTypeCount> rowsByIdentifier() {
