@@ -182,9 +182,9 @@ std::optional<std::string> Bundle::executablePath() const {
     }
     for (const std::string_view folder : codeFolders(path_)) {
         const std::string start = path_ + std::string(folder);
-        for (const std::string& path : {start + name, start + "lib" + name + ".so"}) {
-            if (isKind(path, S_IFREG)) {
-                return path;
+        for (const std::string& file : {name, "lib" + name + ".so"}) {
+            if (isKind(start + file, S_IFREG)) {
+                return start + file;
             }
         }
     }
