@@ -7,6 +7,7 @@ build=build/coverage
 find "$build" -name '*.gcda' -print0 | xargs -0 -r gcov --no-output --branch-probabilities 2>/dev/null |
     awk '
     /^File /            { file = $2; gsub(/\x27/, "", file); wanted = file ~ /^(Platform|Sources|Host|Tools)\/.*\.cpp$/ }
+    /^$/                { wanted = 0 }  # a summary of all files follows without a name
     !wanted             { next }
     /^Lines executed:/  { split($0, part, /[:%]| of /); lines[file] = part[4]; hit[file] = part[2] * part[4] / 100 }
     /^Branches executed:/ { split($0, part, /[:%]| of /); branches[file] = part[2] }
