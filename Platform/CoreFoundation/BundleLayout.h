@@ -20,8 +20,8 @@ namespace platform::cf {
 /// Returns the bundle's folder name less its extension.
 [[nodiscard]] std::string nameOfBundle(const std::string& bundlePath);
 
-/// Returns the path from the root without doubled slashes and single dots. Symbolic links and double
-/// dots stay, as only the disk knows where they lead.
+/// Returns the path from the root without doubled slashes and single dots. Symbolic links and
+/// double dots stay, as only the disk knows where they lead.
 [[nodiscard]] std::string plainPath(std::string_view absolutePath);
 
 }  // namespace platform::cf

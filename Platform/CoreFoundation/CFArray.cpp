@@ -13,7 +13,8 @@ namespace platform::cf {
 Array::Array(Changes changes, const CFArrayCallBacks* callBacks)
     : PlainObject(kType),
       changes_(changes),
-      callBacks_(callBacks == nullptr ? CFArrayCallBacks{} : *callBacks) {}
+      callBacks_(callBacks == nullptr ? CFArrayCallBacks{} : *callBacks) {
+}
 
 Array::~Array() {
     if (callBacks_.release == nullptr) {
@@ -26,16 +27,16 @@ Array::~Array() {
 
 void Array::append(const void* value) {
     values_.push_back(nullptr);
-    values_.back() = callBacks_.retain == nullptr ? value
-                                                  : callBacks_.retain(kCFAllocatorDefault, value);
+    values_.back() =
+        callBacks_.retain == nullptr ? value : callBacks_.retain(kCFAllocatorDefault, value);
 }
 
 bool Array::isEqual(const Object& other) const noexcept {
     const auto& array = static_cast<const Array&>(other);
     return std::equal(values_.begin(), values_.end(), array.values_.begin(), array.values_.end(),
                       [this](const void* first, const void* second) {
-                          return first == second || (callBacks_.equal != nullptr &&
-                                                     callBacks_.equal(first, second));
+                          return first == second ||
+                                 (callBacks_.equal != nullptr && callBacks_.equal(first, second));
                       });
 }
 
@@ -48,7 +49,9 @@ extern "C" {
 const CFArrayCallBacks kCFTypeArrayCallBacks = {0, retainForCollection, releaseForCollection,
                                                 nullptr, CFEqual};
 
-CFTypeID CFArrayGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Array); }
+CFTypeID CFArrayGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Array);
+}
 
 CFArrayRef CFArrayCreate(CFAllocatorRef, const void** values, CFIndex numValues,
                          const CFArrayCallBacks* callBacks) {
@@ -79,10 +82,10 @@ const void* CFArrayGetValueAtIndex(CFArrayRef theArray, CFIndex idx) {
     return array.values()[index];
 }
 
-void CFArrayAppendValue(CFMutableArrayRef theArray, const void* value) noexcept {
+void CFArrayAppendValue(CFMutableArrayRef theArray, const void* value) {
     auto& array = const_cast<Array&>(objectAs<Array>(theArray, "CFArrayAppendValue"));
     expect(array.canChange(), "CFArrayAppendValue");
-    array.append(value);
+    orEnd([&] { array.append(value); });
 }
 
 }  // extern "C"

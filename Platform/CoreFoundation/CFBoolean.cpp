@@ -32,7 +32,9 @@ extern "C" {
 const CFBooleanRef kCFBooleanTrue = reinterpret_cast<CFBooleanRef>(&truth);
 const CFBooleanRef kCFBooleanFalse = reinterpret_cast<CFBooleanRef>(&falsehood);
 
-CFTypeID CFBooleanGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Boolean); }
+CFTypeID CFBooleanGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Boolean);
+}
 
 Boolean CFBooleanGetValue(CFBooleanRef boolean) {
     return objectAs<Truth>(boolean, "CFBooleanGetValue").value();

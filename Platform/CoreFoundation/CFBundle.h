@@ -1,12 +1,13 @@
 // Bundles: folders that hold code and an information property list, Info.plist.
 //
 // The list, XML or binary, stands in the folder's Contents or Resources folder or in the folder
-// itself. The executable is named X by CFBundleExecutable, else like the folder without its extension;
-// it is the first file named X or libX.so in Contents/Linux, Contents and the bundle, where there is a
-// Contents folder, else in Linux and the bundle. For NAME.resources, the folder lib beside a parent
-// folder named share comes after these, then the parent itself.
+// itself. The executable is named X by CFBundleExecutable, else like the folder without its
+// extension; it is the first file named X or libX.so in Contents/Linux, Contents and the bundle,
+// where there is a Contents folder, else in Linux and the bundle. For NAME.resources, the folder
+// lib beside a parent folder named share comes after these, then the parent itself.
 //
-// A bundle opened again while it is open is the same object. All functions serve any thread at once.
+// A bundle opened again while it is open is the same object. All functions serve any thread at
+// once.
 
 #pragma once
 
@@ -26,8 +27,8 @@ CF_EXPORT CFTypeID CFBundleGetTypeID(void);
 /// Opens the bundle at `bundleURL` without loading code, and makes the factories known that its
 /// Info.plist declares (see CFPlugIn.h).
 ///
-/// NULL when there is no such folder, or when one of the factories belongs to another open bundle. A
-/// missing or damaged Info.plist counts as empty.
+/// NULL when there is no such folder, or when one of the factories belongs to another open bundle.
+/// A missing or damaged Info.plist counts as empty.
 CF_EXPORT CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef bundleURL);
 
 /// Returns the contents of Info.plist, an empty dictionary when there is none; it lives as long as
@@ -55,8 +56,8 @@ CF_EXPORT Boolean CFBundleIsExecutableLoaded(CFBundleRef bundle);
 /// plug-in with living instances stays as it is.
 CF_EXPORT void CFBundleUnloadExecutable(CFBundleRef bundle);
 
-/// Returns the address of the function `functionName`, NULL when there is none; loads the executable
-/// for that.
+/// Returns the address of the function `functionName`, NULL when there is none; loads the
+/// executable for that.
 CF_EXPORT void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef functionName);
 
 CF_EXTERN_C_END

@@ -43,7 +43,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFDataGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Data); }
+CFTypeID CFDataGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Data);
+}
 
 CFDataRef CFDataCreate(CFAllocatorRef, const UInt8* bytes, CFIndex length) {
     if (length < 0 || (bytes == nullptr && length > 0)) {

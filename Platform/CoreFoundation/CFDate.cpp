@@ -32,7 +32,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFDateGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Date); }
+CFTypeID CFDateGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Date);
+}
 
 CFDateRef CFDateCreate(CFAllocatorRef, CFAbsoluteTime at) {
     return orNull([&] { return reinterpret_cast<CFDateRef>(new Moment(at)); });

@@ -29,11 +29,12 @@ const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks = {
 const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks = {
     0, retainForCollection, releaseForCollection, nullptr, CFEqual};
 
-CFTypeID CFDictionaryGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Dictionary); }
+CFTypeID CFDictionaryGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Dictionary);
+}
 
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** keys, const void** values,
-                                   CFIndex numValues,
-                                   const CFDictionaryKeyCallBacks* keyCallBacks,
+                                   CFIndex numValues, const CFDictionaryKeyCallBacks* keyCallBacks,
                                    const CFDictionaryValueCallBacks* valueCallBacks) {
     if (numValues < 0 || (numValues > 0 && (keys == nullptr || values == nullptr))) {
         return nullptr;
@@ -78,8 +79,7 @@ Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef theDict, const void* key,
     return place != nullptr;
 }
 
-void CFDictionaryGetKeysAndValues(CFDictionaryRef theDict, const void** keys,
-                                  const void** values) {
+void CFDictionaryGetKeysAndValues(CFDictionaryRef theDict, const void** keys, const void** values) {
     const auto& dictionary = objectAs<Dictionary>(theDict, "CFDictionaryGetKeysAndValues");
     for (const auto& [key, value] : dictionary.pairs()) {
         if (keys != nullptr) {
@@ -99,14 +99,14 @@ void CFDictionaryApplyFunction(CFDictionaryRef theDict, CFDictionaryApplierFunct
     }
 }
 
-void CFDictionaryAddValue(CFMutableDictionaryRef theDict, const void* key,
-                          const void* value) noexcept {
-    changeable(theDict, "CFDictionaryAddValue").add(key, value);
+void CFDictionaryAddValue(CFMutableDictionaryRef theDict, const void* key, const void* value) {
+    Dictionary& dictionary = changeable(theDict, "CFDictionaryAddValue");
+    orEnd([&] { dictionary.add(key, value); });
 }
 
-void CFDictionarySetValue(CFMutableDictionaryRef theDict, const void* key,
-                          const void* value) noexcept {
-    changeable(theDict, "CFDictionarySetValue").set(key, value);
+void CFDictionarySetValue(CFMutableDictionaryRef theDict, const void* key, const void* value) {
+    Dictionary& dictionary = changeable(theDict, "CFDictionarySetValue");
+    orEnd([&] { dictionary.set(key, value); });
 }
 
 void CFDictionaryRemoveValue(CFMutableDictionaryRef theDict, const void* key) {

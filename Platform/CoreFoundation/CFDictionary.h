@@ -19,8 +19,8 @@ typedef Boolean (*CFDictionaryEqualCallBack)(const void* value1, const void* val
 typedef CFHashCode (*CFDictionaryHashCallBack)(const void* value);
 typedef void (*CFDictionaryApplierFunction)(const void* key, const void* value, void* context);
 
-/// What a dictionary does with its keys; each function may be NULL: keys are then taken as they are,
-/// compared and hashed as pointers.
+/// What a dictionary does with its keys; each function may be NULL: keys are then taken as they
+/// are, compared and hashed as pointers.
 typedef struct {
     CFIndex version;
     CFDictionaryRetainCallBack retain;
@@ -45,18 +45,17 @@ CF_EXPORT const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks;
 
 CF_EXPORT CFTypeID CFDictionaryGetTypeID(void);
 
-/// Returns a dictionary of these pairs that cannot change; of equal keys the first one's value stays.
-/// Both call-backs may be NULL.
+/// Returns a dictionary of these pairs that cannot change; of equal keys the first one's value
+/// stays. Both call-backs may be NULL.
 CF_EXPORT CFDictionaryRef CFDictionaryCreate(CFAllocatorRef allocator, const void** keys,
                                              const void** values, CFIndex numValues,
                                              const CFDictionaryKeyCallBacks* keyCallBacks,
                                              const CFDictionaryValueCallBacks* valueCallBacks);
 
 /// Returns an empty dictionary. `capacity` is a hint and may be 0, both call-backs may be NULL.
-CF_EXPORT CFMutableDictionaryRef
-CFDictionaryCreateMutable(CFAllocatorRef allocator, CFIndex capacity,
-                          const CFDictionaryKeyCallBacks* keyCallBacks,
-                          const CFDictionaryValueCallBacks* valueCallBacks);
+CF_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutable(
+    CFAllocatorRef allocator, CFIndex capacity, const CFDictionaryKeyCallBacks* keyCallBacks,
+    const CFDictionaryValueCallBacks* valueCallBacks);
 
 CF_EXPORT CFIndex CFDictionaryGetCount(CFDictionaryRef theDict);
 

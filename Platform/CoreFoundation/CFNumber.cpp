@@ -104,8 +104,8 @@ private:
     Content content_;
 };
 
-/// Calls `use` with a value of the C type that `type` names, as the type of its argument; false for an
-/// unknown type.
+/// Calls `use` with a value of the C type that `type` names, as the type of its argument; false for
+/// an unknown type.
 template <class Use>
 bool withType(CFNumberType type, Use use) {
     switch (type) {
@@ -136,7 +136,9 @@ bool withType(CFNumberType type, Use use) {
     }
 }
 
-CFNumberRef refOf(const Number* number) noexcept { return reinterpret_cast<CFNumberRef>(number); }
+CFNumberRef refOf(const Number* number) noexcept {
+    return reinterpret_cast<CFNumberRef>(number);
+}
 
 template <class Source>
 using Widest = std::conditional_t<std::is_integral_v<Source>, SInt64, double>;
@@ -148,7 +150,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFNumberGetTypeID(void) { return static_cast<CFTypeID>(TypeID::Number); }
+CFTypeID CFNumberGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::Number);
+}
 
 CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType theType, const void* valuePtr) {
     return orNull([&]() -> CFNumberRef {

@@ -47,9 +47,9 @@ CF_EXPORT CFNumberRef CFNumberCreate(CFAllocatorRef allocator, CFNumberType theT
 /// Tells whether the number was made of a floating point type.
 CF_EXPORT Boolean CFNumberIsFloatType(CFNumberRef number);
 
-/// Writes the number to `valuePtr` as `theType`. Returns false when it is not the same number there:
-/// digits are then cut, and a number beyond the type's range becomes the nearest one within. For an
-/// unknown type nothing is written. The place need not be aligned.
+/// Writes the number to `valuePtr` as `theType`. Returns false when it is not the same number
+/// there: digits are then cut, and a number beyond the type's range becomes the nearest one within.
+/// For an unknown type nothing is written. The place need not be aligned.
 CF_EXPORT Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePtr);
 
 CF_EXTERN_C_END

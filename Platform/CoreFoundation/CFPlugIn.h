@@ -32,8 +32,8 @@ CF_EXPORT CFPlugInRef CFPlugInCreate(CFAllocatorRef allocator, CFURLRef plugInUR
 /// Returns the plug-in as a bundle.
 CF_EXPORT CFBundleRef CFPlugInGetBundle(CFPlugInRef plugIn);
 
-/// Tells whether the bundle is a plug-in whose code comes with its first instance and goes after its
-/// last one.
+/// Tells whether the bundle is a plug-in whose code comes with its first instance and goes after
+/// its last one.
 CF_EXPORT Boolean CFPlugInIsLoadOnDemand(CFPlugInRef plugIn);
 
 /// Returns a new array of the identifiers of all known factories of `typeUUID`; NULL, not an empty
@@ -44,9 +44,9 @@ CF_EXPORT CFArrayRef CFPlugInFindFactoriesForPlugInType(CFUUIDRef typeUUID);
 CF_EXPORT CFArrayRef CFPlugInFindFactoriesForPlugInTypeInPlugIn(CFUUIDRef typeUUID,
                                                                 CFPlugInRef plugIn);
 
-/// Returns an instance made by the factory, loading its code first. NULL when the factory is unknown
-/// or declares no such type, when the code or the factory's function cannot be had (with a line in
-/// the log), and when the factory makes none.
+/// Returns an instance made by the factory, loading its code first. NULL when the factory is
+/// unknown or declares no such type, when the code or the factory's function cannot be had (with a
+/// line in the log), and when the factory makes none.
 ///
 /// The instance is the factory's own object, given back through its own interface.
 CF_EXPORT void* CFPlugInInstanceCreate(CFAllocatorRef allocator, CFUUIDRef factoryUUID,
@@ -56,8 +56,8 @@ CF_EXPORT void* CFPlugInInstanceCreate(CFAllocatorRef allocator, CFUUIDRef facto
 /// for an unknown factory.
 CF_EXPORT void CFPlugInAddInstanceForFactory(CFUUIDRef factoryID);
 
-/// To be called by a plug-in for each instance that goes. Nothing happens for an unknown factory, and
-/// for one without instances.
+/// To be called by a plug-in for each instance that goes. Nothing happens for an unknown factory,
+/// and for one without instances.
 CF_EXPORT void CFPlugInRemoveInstanceForFactory(CFUUIDRef factoryID);
 
 CF_EXTERN_C_END

@@ -1,8 +1,8 @@
 // The shape of a plug-in's objects: a pointer to a table of functions, the first of which every
 // interface has.
 //
-// An object begins with the pointer to its table. The codes are the library's own, not those of other
-// systems with the same names.
+// An object begins with the pointer to its table. The codes are the library's own, not those of
+// other systems with the same names.
 
 #pragma once
 
@@ -41,12 +41,13 @@ typedef CFUUIDBytes REFIID;
 
 /// The beginning of every table: a reserved pointer, NULL, and the three functions of IUnknown.
 ///
-/// QueryInterface leaves the interface `iid` of the object, owned by the caller, at `ppv` and answers
-/// S_OK, or leaves NULL and answers E_NOINTERFACE. AddRef and Release answer the new number of owners.
-#define IUNKNOWN_C_GUTS                                                                   \
-    void* _reserved;                                                                      \
+/// QueryInterface leaves the interface `iid` of the object, owned by the caller, at `ppv` and
+/// answers S_OK, or leaves NULL and answers E_NOINTERFACE. AddRef and Release answer the new number
+/// of owners.
+#define IUNKNOWN_C_GUTS                                                                     \
+    void* _reserved;                                                                        \
     HRESULT(STDMETHODCALLTYPE* QueryInterface)(void* thisPointer, REFIID iid, LPVOID* ppv); \
-    ULONG(STDMETHODCALLTYPE* AddRef)(void* thisPointer);                                  \
+    ULONG(STDMETHODCALLTYPE* AddRef)(void* thisPointer);                                    \
     ULONG(STDMETHODCALLTYPE* Release)(void* thisPointer)
 
 typedef struct IUnknownVTbl {

@@ -14,7 +14,9 @@ namespace {
 
 constexpr CFIndex kMaxIndex = std::numeric_limits<CFIndex>::max();
 
-CFIndex indexOf(std::size_t size) noexcept { return static_cast<CFIndex>(size); }
+CFIndex indexOf(std::size_t size) noexcept {
+    return static_cast<CFIndex>(size);
+}
 
 /// Where bytes are written: a buffer of a fixed size, or nowhere, only counted.
 class ByteSink {
@@ -128,7 +130,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFStringGetTypeID(void) { return static_cast<CFTypeID>(TypeID::String); }
+CFTypeID CFStringGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::String);
+}
 
 CFIndex CFStringGetLength(CFStringRef theString) {
     return indexOf(objectAs<String>(theString, "CFStringGetLength").length());

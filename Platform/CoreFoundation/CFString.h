@@ -1,7 +1,7 @@
 // Immutable strings of UTF-16 units.
 //
-// Lone surrogates, NUL and U+FFFE are kept as they come. A string of ASCII characters takes one byte
-// a unit, any other two. Lengths and positions count UTF-16 units, sizes bytes.
+// Lone surrogates, NUL and U+FFFE are kept as they come. A string of ASCII characters takes one
+// byte a unit, any other two. Lengths and positions count UTF-16 units, sizes bytes.
 
 #pragma once
 
@@ -31,9 +31,9 @@ CF_EXPORT CFTypeID CFStringGetTypeID(void);
 
 /// Returns a string of `numBytes` bytes in `encoding`, NULL when one of them is invalid in it.
 ///
-/// UTF-8 is taken strictly: nothing truncated or overlong, no surrogates, nothing beyond U+10FFFF. A
-/// byte order mark at the start is dropped, whatever `isExternalRepresentation` says. UTF-16 without
-/// a mark is in the machine's order, in an external representation big endian.
+/// UTF-8 is taken strictly: nothing truncated or overlong, no surrogates, nothing beyond U+10FFFF.
+/// A byte order mark at the start is dropped, whatever `isExternalRepresentation` says. UTF-16
+/// without a mark is in the machine's order, in an external representation big endian.
 CF_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef alloc, const UInt8* bytes,
                                               CFIndex numBytes, CFStringEncoding encoding,
                                               Boolean isExternalRepresentation);
@@ -58,9 +58,9 @@ CF_EXPORT UniChar CFStringGetCharacterAtIndex(CFStringRef theString, CFIndex idx
 /// Writes the units of `range` to `buffer`. Requires: the range lies within the string.
 CF_EXPORT void CFStringGetCharacters(CFStringRef theString, CFRange range, UniChar* buffer);
 
-/// Writes the whole string and a NUL to `buffer`, which has `bufferSize` bytes; UTF-8 and ASCII only.
-/// Returns false, with an empty string in the buffer, when it is too small or a unit cannot be
-/// written in `encoding`.
+/// Writes the whole string and a NUL to `buffer`, which has `bufferSize` bytes; UTF-8 and ASCII
+/// only. Returns false, with an empty string in the buffer, when it is too small or a unit cannot
+/// be written in `encoding`.
 CF_EXPORT Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
                                      CFStringEncoding encoding);
 
@@ -71,8 +71,8 @@ CF_EXPORT const char* CFStringGetCStringPtr(CFStringRef theString, CFStringEncod
 /// Writes as many whole characters of `range` as fit into the `maxBufLen` bytes of `buffer`, counts
 /// the bytes in `usedBufLen` unless that is NULL, and returns the number of units written.
 ///
-/// Stops before a unit that cannot be written in `encoding`, or writes `lossByte` for it unless that
-/// is 0. With a NULL `buffer` it only counts. UTF-16 begins with a byte order mark when
+/// Stops before a unit that cannot be written in `encoding`, or writes `lossByte` for it unless
+/// that is 0. With a NULL `buffer` it only counts. UTF-16 begins with a byte order mark when
 /// `isExternalRepresentation` is true. Requires: the range lies within the string.
 CF_EXPORT CFIndex CFStringGetBytes(CFStringRef theString, CFRange range, CFStringEncoding encoding,
                                    UInt8 lossByte, Boolean isExternalRepresentation, UInt8* buffer,

@@ -1,13 +1,13 @@
 // The functions that make strings.
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
 #include "Platform/CoreFoundation/CFString.h"
 #include "Platform/CoreFoundation/String.h"
 #include "Platform/CoreFoundation/StringCoding.h"
+#include "Platform/Foundation/Unicode.h"
 
 namespace platform::cf {
 namespace {
@@ -97,7 +97,9 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* chars, C
     }
     // A UniChar and a char16_t are the same sixteen bits to the machine, yet not the same type.
     const auto count = static_cast<std::size_t>(numChars);
-    return orNull([&] { return refOf(String::ofUnits({reinterpret_cast<const char16_t*>(chars), count})); });
+    return orNull([&] {
+        return refOf(String::ofUnits({reinterpret_cast<const char16_t*>(chars), count}));
+    });
 }
 
 CFStringRef CFStringCreateCopy(CFAllocatorRef, CFStringRef theString) {

@@ -40,7 +40,9 @@ bool URL::isEqual(const Object& other) const noexcept {
     return isFolder_ == url.isFolder_ && base_ == url.base_ && path_ == url.path_;
 }
 
-CFHashCode URL::hash() const noexcept { return std::hash<std::string>()(path_); }
+CFHashCode URL::hash() const noexcept {
+    return std::hash<std::string>()(path_);
+}
 
 namespace {
 
@@ -60,7 +62,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFURLGetTypeID(void) { return static_cast<CFTypeID>(TypeID::URL); }
+CFTypeID CFURLGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::URL);
+}
 
 CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef, const UInt8* buffer,
                                                  CFIndex bufLen, Boolean isDirectory) {
@@ -88,9 +92,12 @@ CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef filePath,
 }
 
 Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean resolveAgainstBase, UInt8* buffer,
-                                         CFIndex maxBufLen) noexcept {
+                                         CFIndex maxBufLen) {
     const auto& place = objectAs<URL>(url, "CFURLGetFileSystemRepresentation");
-    return writePath(resolveAgainstBase ? place.absolutePath() : place.path(), buffer, maxBufLen);
+    return orEnd([&] {
+        return writePath(resolveAgainstBase ? place.absolutePath() : place.path(), buffer,
+                         maxBufLen);
+    });
 }
 
 CFStringRef CFURLCopyFileSystemPath(CFURLRef anURL, CFURLPathStyle pathStyle) {

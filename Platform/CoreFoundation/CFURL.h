@@ -1,5 +1,5 @@
-// The places of files. Paths may hold any bytes but NUL; a relative one is taken from the folder that
-// was current when the URL was made.
+// The places of files. Paths may hold any bytes but NUL; a relative one is taken from the folder
+// that was current when the URL was made.
 
 #pragma once
 
@@ -15,8 +15,8 @@ enum { kCFURLPOSIXPathStyle = 0 };
 
 CF_EXPORT CFTypeID CFURLGetTypeID(void);
 
-/// Returns the place at the path of `bufLen` bytes, NULL for an empty path and one that holds a NUL.
-/// It is a folder when `isDirectory` says so or the path ends in a slash.
+/// Returns the place at the path of `bufLen` bytes, NULL for an empty path and one that holds a
+/// NUL. It is a folder when `isDirectory` says so or the path ends in a slash.
 CF_EXPORT CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator,
                                                            const UInt8* buffer, CFIndex bufLen,
                                                            Boolean isDirectory);
@@ -27,8 +27,8 @@ CF_EXPORT CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef allocator, CFStr
                                                  CFURLPathStyle pathStyle, Boolean isDirectory);
 
 /// Writes the path and a NUL to `buffer`, which has `maxBufLen` bytes: the whole path when
-/// `resolveAgainstBase` is true, else as it was given, without a slash at the end. Returns false when
-/// the buffer is too small.
+/// `resolveAgainstBase` is true, else as it was given, without a slash at the end. Returns false
+/// when the buffer is too small.
 CF_EXPORT Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean resolveAgainstBase,
                                                    UInt8* buffer, CFIndex maxBufLen);
 

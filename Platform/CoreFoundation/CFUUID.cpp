@@ -37,7 +37,9 @@ using namespace platform::cf;
 
 extern "C" {
 
-CFTypeID CFUUIDGetTypeID(void) { return static_cast<CFTypeID>(TypeID::UUID); }
+CFTypeID CFUUIDGetTypeID(void) {
+    return static_cast<CFTypeID>(TypeID::UUID);
+}
 
 CFUUIDRef CFUUIDCreate(CFAllocatorRef) {
     UUIDBytes bytes;
@@ -56,8 +58,8 @@ CFUUIDRef CFUUIDCreateFromUUIDBytes(CFAllocatorRef, CFUUIDBytes bytes) {
 
 CFUUIDRef CFUUIDCreateWithBytes(CFAllocatorRef, UInt8 byte0, UInt8 byte1, UInt8 byte2, UInt8 byte3,
                                 UInt8 byte4, UInt8 byte5, UInt8 byte6, UInt8 byte7, UInt8 byte8,
-                                UInt8 byte9, UInt8 byte10, UInt8 byte11, UInt8 byte12,
-                                UInt8 byte13, UInt8 byte14, UInt8 byte15) {
+                                UInt8 byte9, UInt8 byte10, UInt8 byte11, UInt8 byte12, UInt8 byte13,
+                                UInt8 byte14, UInt8 byte15) {
     return uuidOf({byte0, byte1, byte2, byte3, byte4, byte5, byte6, byte7, byte8, byte9, byte10,
                    byte11, byte12, byte13, byte14, byte15});
 }
@@ -93,9 +95,8 @@ CFUUIDRef CFUUIDGetConstantUUIDWithBytes(CFAllocatorRef, UInt8 byte0, UInt8 byte
                                          UInt8 byte11, UInt8 byte12, UInt8 byte13, UInt8 byte14,
                                          UInt8 byte15) {
     return orNull([&] {
-        const UUID* uuid =
-            UUID::of({byte0, byte1, byte2, byte3, byte4, byte5, byte6, byte7, byte8, byte9, byte10,
-                      byte11, byte12, byte13, byte14, byte15});
+        const UUID* uuid = UUID::of({byte0, byte1, byte2, byte3, byte4, byte5, byte6, byte7, byte8,
+                                     byte9, byte10, byte11, byte12, byte13, byte14, byte15});
         uuid->makeEternal();
         return refOf(uuid);
     });

@@ -44,8 +44,8 @@ CF_EXPORT CFUUIDRef CFUUIDCreateWithBytes(CFAllocatorRef alloc, UInt8 byte0, UIn
 
 /// Returns the identifier that `uuidStr` writes down, NULL when that is empty or NULL.
 ///
-/// Lenient: digits of either case; what stands before the first digit (blanks, a brace) and after the
-/// last one is passed over; a bad or missing digit counts as zero.
+/// Lenient: digits of either case; what stands before the first digit (blanks, a brace) and after
+/// the last one is passed over; a bad or missing digit counts as zero.
 CF_EXPORT CFUUIDRef CFUUIDCreateFromString(CFAllocatorRef alloc, CFStringRef uuidStr);
 
 /// Returns the identifier written down: 8-4-4-4-12 digits, upper case.

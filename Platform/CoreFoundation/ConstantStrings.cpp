@@ -1,4 +1,5 @@
-// The constant strings that CFSTR names: one object for each text, for as long as the process lives.
+// The constant strings that CFSTR names: one object for each text, for as long as the process
+// lives.
 
 #include <algorithm>
 #include <mutex>
@@ -9,7 +10,7 @@
 
 #include "Platform/CoreFoundation/CFString.h"
 #include "Platform/CoreFoundation/String.h"
-#include "Platform/CoreFoundation/StringCoding.h"
+#include "Platform/Foundation/Unicode.h"
 
 namespace platform::cf {
 namespace {
@@ -67,8 +68,8 @@ private:
 extern "C" {
 
 // A constant cannot fail: without memory for it, the process ends.
-CFStringRef __CFStringMakeConstantString(const char* cStr) noexcept {
-    return platform::cf::ConstantStrings::shared().named(cStr);
+CFStringRef __CFStringMakeConstantString(const char* cStr) {
+    return platform::cf::orEnd([&] { return platform::cf::ConstantStrings::shared().named(cStr); });
 }
 
 }  // extern "C"

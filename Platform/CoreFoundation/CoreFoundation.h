@@ -9,7 +9,8 @@
 //  3. Failure is an answer: NULL, false, 0 or kCFNotFound, as each function says. A function that
 //     makes an object also answers NULL when there is no memory for it; a function that changes one
 //     ends the process then.
-//  4. A broken precondition (NULL where an object is asked for, an object of another type, a position
+//  4. A broken precondition (NULL where an object is asked for, an object of another type, a
+//  position
 //     outside of what it indexes, a change to an object that cannot change) ends the process with a
 //     line on the standard error.
 //  5. Yes and no are a Boolean of one byte, 0 or 1. Positions and lengths of strings count UTF-16

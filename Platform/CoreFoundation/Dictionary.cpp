@@ -8,9 +8,12 @@ Dictionary::Dictionary(Changes changes, const CFDictionaryKeyCallBacks* keyCallB
       changes_(changes),
       keys_(keyCallBacks == nullptr ? CFDictionaryKeyCallBacks{} : *keyCallBacks),
       values_(valueCallBacks == nullptr ? CFDictionaryValueCallBacks{} : *valueCallBacks),
-      pairs_(0, KeyHash{keys_.hash}, KeyEqual{keys_.equal}) {}
+      pairs_(0, KeyHash{keys_.hash}, KeyEqual{keys_.equal}) {
+}
 
-Dictionary::~Dictionary() { removeAll(); }
+Dictionary::~Dictionary() {
+    removeAll();
+}
 
 const void* const* Dictionary::find(const void* key) const {
     if (isNoKey(key)) {

@@ -49,9 +49,13 @@ CFTypeRef CFRetain(CFTypeRef cf) {
     return cf;
 }
 
-void CFRelease(CFTypeRef cf) { objectOf(cf, "CFRelease").release(); }
+void CFRelease(CFTypeRef cf) {
+    objectOf(cf, "CFRelease").release();
+}
 
-CFIndex CFGetRetainCount(CFTypeRef cf) { return objectOf(cf, "CFGetRetainCount").owners(); }
+CFIndex CFGetRetainCount(CFTypeRef cf) {
+    return objectOf(cf, "CFGetRetainCount").owners();
+}
 
 Boolean CFEqual(CFTypeRef cf1, CFTypeRef cf2) {
     const auto& first = objectOf(cf1, "CFEqual");
@@ -59,6 +63,8 @@ Boolean CFEqual(CFTypeRef cf1, CFTypeRef cf2) {
     return &first == &second || (first.typeID() == second.typeID() && first.isEqual(second));
 }
 
-CFHashCode CFHash(CFTypeRef cf) { return objectOf(cf, "CFHash").hash(); }
+CFHashCode CFHash(CFTypeRef cf) {
+    return objectOf(cf, "CFHash").hash();
+}
 
 }  // extern "C"

@@ -8,13 +8,25 @@
 #include <atomic>
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "Platform/CoreFoundation/CFBase.h"
 
 namespace platform::cf {
 
 /// The types, with the numbers that CFGetTypeID answers.
-enum class TypeID : CFTypeID { String = 1, UUID, Array, Dictionary, Boolean, Number, Data, Date, URL, Bundle };
+enum class TypeID : CFTypeID {
+    String = 1,
+    UUID,
+    Array,
+    Dictionary,
+    Boolean,
+    Number,
+    Data,
+    Date,
+    URL,
+    Bundle
+};
 
 /// Ends the process: `function` was called in a way that its description rules out.
 [[noreturn]] void endForBrokenCall(const char* function) noexcept;
@@ -33,7 +45,9 @@ public:
     Object& operator=(const Object&) = delete;
 
     [[nodiscard]] TypeID typeID() const noexcept { return typeID_; }
-    [[nodiscard]] CFIndex owners() const noexcept { return owners_.load(std::memory_order_relaxed); }
+    [[nodiscard]] CFIndex owners() const noexcept {
+        return owners_.load(std::memory_order_relaxed);
+    }
 
     /// Adds an owner.
     void retain() const noexcept;
@@ -47,7 +61,9 @@ public:
     [[nodiscard]] bool isEternal() const noexcept { return isEternal(owners()); }
 
     /// Compares values. Requires: `other` is of the same type.
-    [[nodiscard]] virtual bool isEqual(const Object& other) const noexcept { return this == &other; }
+    [[nodiscard]] virtual bool isEqual(const Object& other) const noexcept {
+        return this == &other;
+    }
 
     /// Equal objects have the same.
     [[nodiscard]] virtual CFHashCode hash() const noexcept {
@@ -55,8 +71,8 @@ public:
     }
 
 protected:
-    // In the middle of what counts as eternal, so that owners who come and go while an object is made
-    // eternal do not matter.
+    // In the middle of what counts as eternal, so that owners who come and go while an object is
+    // made eternal do not matter.
     static constexpr CFIndex kEternal = std::numeric_limits<CFIndex>::max() / 2;
 
     constexpr explicit Object(TypeID typeID, CFIndex owners = 1) noexcept
@@ -80,8 +96,8 @@ private:
     TypeID typeID_;
 };
 
-/// An object that only its owners can reach, so that nobody can come in between the last one and the
-/// end.
+/// An object that only its owners can reach, so that nobody can come in between the last one and
+/// the end.
 template <class Self>
 class PlainObject : public Object {
 protected:
@@ -98,8 +114,8 @@ inline const Object& objectOf(CFTypeRef ref, const char* function) noexcept {
     return *static_cast<const Object*>(ref);
 }
 
-/// The object behind a Ref as a `Class`. Ends the process in the name of `function` for NULL and for an
-/// object of another type.
+/// The object behind a Ref as a `Class`. Ends the process in the name of `function` for NULL and
+/// for an object of another type.
 template <class Class>
 const Class& objectAs(CFTypeRef ref, const char* function) noexcept {
     const Object& object = objectOf(ref, function);
@@ -117,6 +133,12 @@ auto orNull(Make make) noexcept -> decltype(make()) {
     }
 }
 
+/// What `change` answers. Without memory for it, the process ends.
+template <class Change>
+auto orEnd(Change change) noexcept -> decltype(change()) {
+    return change();
+}
+
 /// Owns one Ref.
 template <class Ref>
 class Owned {
@@ -125,8 +147,7 @@ public:
     explicit Owned(Ref ref) noexcept : ref_(ref) {}
     Owned(Owned&& other) noexcept : ref_(other.take()) {}
     Owned& operator=(Owned&& other) noexcept {
-        Owned old(ref_);
-        ref_ = other.take();
+        std::swap(ref_, other.ref_);
         return *this;
     }
     ~Owned() {

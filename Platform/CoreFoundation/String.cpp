@@ -1,12 +1,33 @@
 #include "Platform/CoreFoundation/String.h"
 
 #include <algorithm>
-#include <cstring>
 #include <functional>
 
 #include "Platform/CoreFoundation/StringCoding.h"
+#include "Platform/Foundation/Unicode.h"
 
 namespace platform::cf {
+namespace {
+
+/// Tells whether all units are ASCII; block by block, so that a compiler can do many at once and
+/// other texts are known early.
+bool areAscii(std::u16string_view units) noexcept {
+    constexpr std::size_t kBlock = 256;
+    while (!units.empty()) {
+        const std::u16string_view block = units.substr(0, kBlock);
+        unsigned all = 0;
+        for (const char16_t unit : block) {
+            all |= unit;
+        }
+        if (all >= 0x80) {
+            return false;
+        }
+        units.remove_prefix(block.size());
+    }
+    return true;
+}
+
+}  // namespace
 
 const String* String::ofAscii(std::string_view text) {
     auto narrow = std::make_unique_for_overwrite<char[]>(text.size() + 1);
@@ -16,7 +37,7 @@ const String* String::ofAscii(std::string_view text) {
 }
 
 const String* String::ofUnits(std::u16string_view units) {
-    if (isAscii(units)) {
+    if (areAscii(units)) {
         auto narrow = std::make_unique_for_overwrite<char[]>(units.size() + 1);
         std::transform(units.begin(), units.end(), narrow.get(),
                        [](char16_t unit) { return static_cast<char>(unit); });
@@ -32,13 +53,9 @@ const String* String::ofUtf8(std::string_view text) {
     if (isAscii(text)) {
         return ofAscii(text);
     }
-    const std::optional<std::size_t> length = unitsOfUtf8(text);
-    if (!length) {
-        return nullptr;
-    }
-    auto wide = std::make_unique_for_overwrite<char16_t[]>(*length);
-    decodeUtf8(text, wide.get());
-    return new String(nullptr, std::move(wide), *length);
+    // The copy that this makes is cut to size.
+    const std::optional<std::u16string> units = utf16FromUtf8(text);
+    return units ? ofUnits(*units) : nullptr;
 }
 
 std::optional<std::string> String::utf8() const {

@@ -8,8 +8,12 @@ namespace platform::cf {
 
 extern "C" {
 
-inline const void* retainForCollection(CFAllocatorRef, const void* value) { return CFRetain(value); }
-inline void releaseForCollection(CFAllocatorRef, const void* value) { CFRelease(value); }
+inline const void* retainForCollection(CFAllocatorRef, const void* value) {
+    return CFRetain(value);
+}
+inline void releaseForCollection(CFAllocatorRef, const void* value) {
+    CFRelease(value);
+}
 
 }  // extern "C"
 

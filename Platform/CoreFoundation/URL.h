@@ -18,8 +18,8 @@ class URL final : public PlainObject<URL> {
 public:
     static constexpr TypeID kType = TypeID::URL;
 
-    /// Returns a new place, owned by the caller; null for an empty path and one that holds a NUL. May
-    /// throw std::bad_alloc.
+    /// Returns a new place, owned by the caller; null for an empty path and one that holds a NUL.
+    /// May throw std::bad_alloc.
     [[nodiscard]] static const URL* ofPath(std::string_view path, IsFolder isFolder);
 
     /// The path as it was given, without a slash at the end.
@@ -33,10 +33,7 @@ public:
 
 private:
     URL(std::string base, std::string path, IsFolder isFolder)
-        : PlainObject(kType),
-          base_(std::move(base)),
-          path_(std::move(path)),
-          isFolder_(isFolder) {}
+        : PlainObject(kType), base_(std::move(base)), path_(std::move(path)), isFolder_(isFolder) {}
 
     // The current folder of the time when a relative path was given; empty for others.
     std::string base_;
@@ -44,6 +41,8 @@ private:
     IsFolder isFolder_;
 };
 
-inline CFURLRef refOf(const URL* url) noexcept { return reinterpret_cast<CFURLRef>(url); }
+inline CFURLRef refOf(const URL* url) noexcept {
+    return reinterpret_cast<CFURLRef>(url);
+}
 
 }  // namespace platform::cf

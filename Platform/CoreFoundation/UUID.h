@@ -38,6 +38,8 @@ private:
     UUIDBytes bytes_;
 };
 
-inline CFUUIDRef refOf(const UUID* uuid) noexcept { return reinterpret_cast<CFUUIDRef>(uuid); }
+inline CFUUIDRef refOf(const UUID* uuid) noexcept {
+    return reinterpret_cast<CFUUIDRef>(uuid);
+}
 
 }  // namespace platform::cf
