@@ -357,8 +357,9 @@ TEST(CFBundle, WhatTheListSharesIsSharedObjects) {
         const auto array = static_cast<CFArrayRef>(value);
         ASSERT_EQ(CFArrayGetCount(array), 2);
         value = CFArrayGetValueAtIndex(array, 1);
-        EXPECT_EQ(value, CFArrayGetValueAtIndex(array, 0));
-        ++depth;
+        if (++depth < 100) {
+            EXPECT_EQ(value, CFArrayGetValueAtIndex(array, 0)) << "made twice";
+        }
     }
     EXPECT_EQ(depth, 100);
 }
