@@ -20,6 +20,7 @@ inline constexpr std::string_view kPosixErrorDomain = "NSPOSIXErrorDomain";
 
 /// Codes of the platform's own domain.
 enum CocoaErrorCode : std::int64_t {
+    kFileNoSuchFileError = 4,
     kFileReadUnknownError = 256,
     kFileReadNoPermissionError = 257,
     kFileReadInvalidFileNameError = 258,
