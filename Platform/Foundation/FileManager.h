@@ -1,0 +1,82 @@
+// What is on the disk: files' attributes and contents, folders made and removed.
+//
+// Operations answer false or nothing when the system refuses; where that hides a cause, it is noted
+// as the thread's failure. The manager keeps no state, so any thread may use it at once. Code that
+// takes a `const FileManager&` can be tested with one that fails on cue.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "Platform/Foundation/Data.h"
+#include "Platform/Foundation/Value.h"
+
+namespace platform {
+
+enum class FileType : std::uint8_t { Regular, Directory, Other };
+
+/// What a file is, how many bytes it has, and when they changed last.
+struct FileAttributes {
+    FileType type = FileType::Regular;
+    std::uint64_t size = 0;
+    Date modificationDate;
+};
+
+/// Whether missing folders on the way to a new one are made, too.
+enum class IntermediateDirectories : bool { No, Yes };
+
+/// The operating system's files. Relative paths count from the working folder.
+class FileManager {
+public:
+    constexpr FileManager() = default;
+    constexpr virtual ~FileManager() {}
+
+    /// The manager of the real disk.
+    ///
+    /// Selector: defaultManager
+    [[nodiscard]] static const FileManager& defaultManager();
+
+    /// Returns the attributes of the item at `path`, or of what a symbolic link there leads to.
+    /// Nothing when there is none, or when the link leads nowhere.
+    ///
+    /// Selector: attributesOfItemAtPath:
+    [[nodiscard]] virtual std::optional<FileAttributes> attributesOfItemAtPath(
+        const std::string& path) const;
+
+    /// Whether there is an item at `path`; false for a symbolic link that leads nowhere.
+    ///
+    /// Selector: fileExistsAtPath:
+    [[nodiscard]] virtual bool fileExistsAtPath(const std::string& path) const;
+
+    /// Selector: isReadableFileAtPath:
+    [[nodiscard]] virtual bool isReadableFileAtPath(const std::string& path) const;
+
+    /// Returns the bytes of the regular file at `path`, as many as there are, whatever its size
+    /// said. Nothing when it cannot be read or is no regular file: a device may have no end.
+    ///
+    /// Selector: contentsAtPath:
+    [[nodiscard]] virtual std::optional<Data> contentsAtPath(const std::string& path) const;
+
+    /// Makes the folder `path` and returns whether it is there now as asked: without intermediate
+    /// folders it must not have been there before.
+    ///
+    /// Selector: createDirectoryAtPath:withIntermediateDirectories:
+    virtual bool createDirectoryAtPath(const std::string& path,
+                                       IntermediateDirectories withIntermediateDirectories) const;
+
+    /// Removes the item at `path`, a folder with all it holds; a symbolic link goes, not what it
+    /// leads to. Returns whether all of it could be removed; false when there is none.
+    ///
+    /// Selector: removeItemAtPath:
+    virtual bool removeItemAtPath(const std::string& path) const;
+
+    /// Returns the folder for temporary files: what the environment names as TMPDIR now, when that
+    /// is an absolute path, else /tmp.
+    ///
+    /// Selector: temporaryDirectory
+    [[nodiscard]] virtual std::string temporaryDirectory() const;
+};
+
+}  // namespace platform
