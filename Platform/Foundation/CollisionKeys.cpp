@@ -46,7 +46,7 @@ void CollisionKeys::keyIsFree(std::string_view key) {
     if (parsed.ec != std::errc() || parsed.ptr != end) {
         return;
     }
-    const auto found = numbers_.find(std::string(key.substr(mark + kMark.size())));
+    const auto found = numbers_.find(key.substr(mark + kMark.size()));
     // Numbers from `next` on come up by themselves.
     if (found != numbers_.end() && number > 0 && number < found->second.next) {
         found->second.freed.insert(number);

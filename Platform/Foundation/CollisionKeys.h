@@ -35,7 +35,7 @@ private:
         std::set<std::uint64_t> freed;
     };
 
-    std::unordered_map<std::string, Numbers, NameHash> numbers_;
+    std::unordered_map<std::string, Numbers, NameHash, std::equal_to<>> numbers_;
 };
 
 }  // namespace platform
