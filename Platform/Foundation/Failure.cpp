@@ -57,6 +57,12 @@ void noteFailure(std::string_view cause) noexcept {
     noted = true;
 }
 
+void noteFailureUnlessNoted(std::string_view cause) noexcept {
+    if (!noted) {
+        noteFailure(cause);
+    }
+}
+
 const char* lastFailure() noexcept {
     return noted ? line.text.data() : nullptr;
 }

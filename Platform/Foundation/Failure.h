@@ -15,6 +15,9 @@ namespace platform {
 /// cut to a few hundred bytes, between characters; control characters become blanks.
 void noteFailure(std::string_view cause) noexcept;
 
+/// Does the same unless the thread has a failure already, which then tells more.
+void noteFailureUnlessNoted(std::string_view cause) noexcept;
+
 /// Returns the calling thread's last failure as UTF-8, or null when there was none since
 /// `clearFailure`. Valid until the thread notes or clears a failure.
 [[nodiscard]] const char* lastFailure() noexcept;

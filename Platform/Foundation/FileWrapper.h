@@ -72,7 +72,7 @@ public:
     [[nodiscard]] bool isSymbolicLink() const;
 
     /// The name that was last read from or written to disk; none for a wrapper made in memory.
-    [[nodiscard]] const std::optional<std::string>& filename() const { return filename_; }
+    [[nodiscard]] virtual std::optional<std::string> filename() const { return filename_; }
 
     /// The name that the wrapper would like to have in a folder.
     [[nodiscard]] const std::optional<std::string>& preferredFilename() const {

@@ -46,7 +46,7 @@ public:
         assert(*this);
         return *std::get_if<0>(&content_);
     }
-    [[nodiscard]] Value&& value() && { return std::move(value()); }
+    Value&& value() && { return std::move(value()); }
 
     /// Requires: the result holds no value.
     [[nodiscard]] const Fault& fault() const& {
