@@ -1,0 +1,44 @@
+// Inflates one raw deflate stream with zlib.
+//
+// One thread at a time.
+
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+
+namespace parlavox {
+
+/// A zlib stream for data without zlib's own header and trailer. Results are zlib's codes.
+class RawInflater {
+public:
+    static constexpr int kOk = 0;
+    static constexpr int kStreamEnd = 1;
+    static constexpr int kBufferError = -5;
+
+    RawInflater();
+    ~RawInflater();
+    RawInflater(const RawInflater&) = delete;
+    RawInflater& operator=(const RawInflater&) = delete;
+
+    /// What zlib answered to the initialisation; kOk, or the stream must not be used.
+    [[nodiscard]] int initCode() const { return initCode_; }
+
+    /// Makes `compressed` the input. It is borrowed until the last inflateInto. Requires: below
+    /// 4 GiB.
+    void setInput(std::span<const std::byte> compressed);
+
+    /// Inflates what is left of the input into `output` in one call and returns kStreamEnd when all
+    /// of it fitted, kBufferError when output or input ended too early, or another code for damaged
+    /// input. Requires: below 4 GiB.
+    [[nodiscard]] int inflateInto(std::span<std::byte> output);
+
+private:
+    struct Stream;
+
+    std::unique_ptr<Stream> stream_;
+    int initCode_;
+};
+
+}  // namespace parlavox

@@ -1,0 +1,27 @@
+// A folder that an archive lists as an entry of its own.
+//
+// Folders that an archive only implies, as parts of other entries' names, are plain file wrappers.
+// One thread at a time, like every file wrapper.
+
+#pragma once
+
+#include <memory>
+
+#include "Platform/Foundation/FileWrapper.h"
+
+namespace parlavox {
+
+/// A directory wrapper made from an archive's entry, without children at first.
+class ZipDirectoryWrapper final : public platform::FileWrapper {
+public:
+    /// Returns an empty folder.
+    [[nodiscard]] static std::shared_ptr<ZipDirectoryWrapper> init() {
+        auto wrapper = std::make_shared<ZipDirectoryWrapper>(Creation());
+        wrapper->initDirectory();
+        return wrapper;
+    }
+
+    explicit ZipDirectoryWrapper(Creation key) : FileWrapper(key) {}
+};
+
+}  // namespace parlavox

@@ -1,0 +1,215 @@
+// A folder of files that is one zip archive on disk.
+//
+// Opening reads the whole archive into memory (4 GiB - 1 at most), walks its central directory and
+// builds a tree of file wrappers; where the central directory cannot be used, the local headers are
+// scanned from the start. Entries up to 10 MiB are inflated into memory, larger ones into temporary
+// files that vanish with their wrappers. Nothing is verified that the format does not need for
+// that: no checksum, no local signature.
+//
+// Sizes and offsets are bytes; names are UTF-8. Failures are quiet (null, false, absent), violated
+// preconditions go to the assertion handler, and a place that lies outside of the archive raises
+// ArchiveRangeError, which ends the opening. An archive is opened and used on one thread at a time;
+// different archives on different threads.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Platform/Foundation/Data.h"
+#include "Platform/Foundation/FileWrapper.h"
+#include "Platform/Foundation/InputStream.h"
+#include "Platform/Foundation/OutputStream.h"
+#include "Platform/Foundation/Range.h"
+#include "Sources/CocoaExtensions/Zip/ZipFileInfo.h"
+#include "Sources/CocoaExtensions/Zip/ZipWrapperDelegate.h"
+
+namespace parlavox {
+
+/// A directory wrapper that is read from one zip archive.
+class ZipWrapper : public platform::FileWrapper {
+public:
+    using Delegate = std::shared_ptr<ZipWrapperDelegate>;
+
+    /// Entries whose declared size is larger than this go to temporary files.
+    static constexpr std::uint32_t kLargestEntryInMemory = 10 * 1024 * 1024;
+
+    /// Returns the archive at `path`. Null when it cannot be opened or is larger than 4 GiB - 1. A
+    /// file that is no archive gives an empty folder.
+    ///
+    /// Requires: a path ("path != nil").
+    ///
+    /// Selector: initWithPath:withDelegate:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithPath(
+        const std::optional<std::string>& path, Delegate withDelegate = nullptr);
+
+    /// Returns the archive that `contents` are, under the same rules.
+    ///
+    /// Requires: bytes ("data != nil").
+    ///
+    /// Selector: initRegularFileWithContents:withDelegate:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initRegularFileWithContents(
+        std::optional<platform::Data> contents, Delegate withDelegate = nullptr);
+
+    /// Opens `stream` and returns an archive of it. Called directly, no size is known, so the
+    /// archive reads as empty. Null when the stream does not open.
+    ///
+    /// Requires: a stream ("stream != nil").
+    ///
+    /// Selector: initWithInputStream:withDelegate:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithInputStream(
+        std::shared_ptr<platform::InputStream> stream, Delegate withDelegate = nullptr);
+
+    /// Returns an archive of `data`. Called directly, no size is known, so the archive reads as
+    /// empty. Never null unless the data is absent ("data != nil").
+    ///
+    /// Selector: initWithData:withDelegate:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithData(
+        std::optional<platform::Data> data, Delegate withDelegate = nullptr);
+
+    /// The same as initWithPath, by intention: the destination is the archive's path.
+    ///
+    /// Selector: initSymbolicLinkWithDestination:withDelegate:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initSymbolicLinkWithDestination(
+        const std::optional<std::string>& destination, Delegate withDelegate = nullptr);
+
+    explicit ZipWrapper(Creation key) : FileWrapper(key) {}
+
+    /// The delegate is held strongly; null when there is none.
+    [[nodiscard]] const Delegate& delegate() const { return delegate_; }
+    void setDelegate(Delegate delegate) { delegate_ = std::move(delegate); }
+
+    /// Always absent: an archive has no flat form of its own.
+    ///
+    /// Selector: serializedRepresentation
+    [[nodiscard]] std::optional<platform::Data> serializedRepresentation() const override;
+
+    /// Always false: an archive is never refreshed from disk.
+    ///
+    /// Selector: updateFromPath:
+    bool updateFromPath(const std::string& path) override;
+
+    /// Always false: a copy or removal stops at its first error.
+    ///
+    /// Selector: fileManager:shouldProceedAfterError:
+    [[nodiscard]] bool fileManagerShouldProceedAfterError() const { return false; }
+
+    /// Returns a new random identifier: 36 characters, upper-case hexadecimal in groups of
+    /// 8-4-4-4-12. Any thread.
+    ///
+    /// Selector: generatedUID
+    [[nodiscard]] static std::string generatedUID();
+
+    /// Returns the process's own folder for spooled entries, made at the first call directly inside
+    /// the temporary directory. Absent when it cannot be made; the next call tries again. Any
+    /// thread; of two first calls at once each may make a folder, and one of them is forgotten.
+    ///
+    /// Selector: tempFolderPath
+    [[nodiscard]] static std::optional<std::string> tempFolderPath();
+
+    /// Returns a path in that folder that no earlier call returned, ending in a dot and `extension`
+    /// when one is given. Makes no file. Absent when there is no folder. Any thread.
+    ///
+    /// Selector: generatedTempFilePathWithExtension:
+    [[nodiscard]] static std::optional<std::string> generatedTempFilePathWithExtension(
+        const std::optional<std::string>& extension);
+
+    /// Returns `data` as a raw deflate stream that is at most as long as the data, or nothing when
+    /// it does not fit into that: such data is better stored.
+    ///
+    /// Requires: data ("data != nil"), a level from 0 to 10 ("level <= 10"); level 10 and empty
+    /// data end in zlib's refusal, which goes to the assertion handler.
+    ///
+    /// Selector: compressedData:withCompressionLevel:
+    [[nodiscard]] std::optional<platform::Data> compressedData(
+        const std::optional<platform::Data>& data, std::uint32_t withCompressionLevel) const;
+
+private:
+    friend class ZipWrapperTestPeer;
+
+    // Opening, step by step. Each runs on an object that is already shared.
+    static std::shared_ptr<ZipWrapper> make();
+    [[nodiscard]] bool initWithStreamContents(platform::InputStream* stream, Delegate withDelegate);
+    [[nodiscard]] bool initWithBytes(std::optional<platform::Data> data, Delegate withDelegate);
+
+    /// Reads the end record and the central directory; true when there was an end record.
+    ///
+    /// Selector: scanLocalHeader
+    bool scanLocalHeader();
+
+    /// Reads `count` central records from `directory`; false at the first that cannot be used.
+    bool readCentralRecords(const platform::Data& directory, std::uint16_t count);
+
+    /// Walks the local headers from the archive's start to `searchEndPosition`. The count is not
+    /// used: the scan runs on positions only.
+    ///
+    /// Selector: scanZipFileInConsecutiveOrderWithDeclaredEntriesCount:searchEndPosition:
+    void scanZipFileInConsecutiveOrder(std::uint32_t withDeclaredEntriesCount,
+                                       std::uint32_t searchEndPosition);
+
+    /// Adds the entry whose local header stands at `position`; returns where the next one may
+    /// stand.
+    std::uint64_t scanEntryAt(std::uint64_t position);
+
+    /// Returns where `data` occurs first at or after the start of `range`, searching in blocks of
+    /// the range's length or, when that is 0, of 100 times the data's.
+    ///
+    /// A block that reaches beyond the archive raises ArchiveRangeError, as intended. So a search
+    /// that finds nothing ends with that error, never with an answer.
+    ///
+    /// Selector: rangeOfData:range:
+    [[nodiscard]] platform::Range rangeOfData(const std::optional<platform::Data>& data,
+                                              platform::Range range) const;
+
+    /// Returns the name in `count` bytes at `bytes`, up to the first NUL; absent when it is not
+    /// UTF-8.
+    ///
+    /// Selector: createStringFromFilenameRecord:count:
+    [[nodiscard]] static std::optional<std::string> createStringFromFilenameRecord(
+        const std::byte* bytes, std::int64_t count);
+
+    /// Puts the entry named `path` into the tree; false when its contents cannot be had.
+    ///
+    /// Selector: addFileWrapperForPath:withEntry:
+    bool addFileWrapper(const std::optional<std::string>& path, SZipFileInfo withEntry);
+    using FileWrapper::addFileWrapper;
+
+    /// Makes the wrapper of a regular file; null when its contents cannot be had.
+    std::shared_ptr<FileWrapper> fileWrapperForEntry(std::string_view name,
+                                                     const SZipFileInfo& entry);
+    std::shared_ptr<FileWrapper> spooledEntry(std::string_view name, const SZipFileInfo& entry);
+
+    /// Adds `child` at the end of `path`, making the folders on the way; false when a component on
+    /// the way is no folder and the assertion handler lets that pass.
+    bool insert(const std::shared_ptr<FileWrapper>& child, std::string_view path);
+
+    /// Returns the contents of `entry`: the stored bytes, which share the archive's, or the
+    /// inflated ones. Absent when they cannot be had.
+    ///
+    /// Selector: dataForEntry:
+    [[nodiscard]] std::optional<platform::Data> dataForEntry(SZipFileInfo entry) const;
+
+    /// Writes the contents of `entry` to an open stream. Of a stored entry nothing is ever written,
+    /// as intended: see the body.
+    ///
+    /// Selector: writeEntry:toStream:
+    [[nodiscard]] bool writeEntry(SZipFileInfo entry,
+                                  const std::shared_ptr<platform::OutputStream>& toStream) const;
+
+    /// Returns where the data of an entry begins, as its local header says.
+    [[nodiscard]] std::uint32_t dataOffsetOf(const SZipFileInfo& entry) const;
+
+    /// Returns the archive's bytes in `range`. Raises ArchiveRangeError when it reaches beyond
+    /// them.
+    [[nodiscard]] platform::Data archiveBytes(platform::Range range) const;
+
+    std::optional<platform::Data> inputData_;
+    std::uint32_t stackSize_ = 0;
+    Delegate delegate_;
+};
+
+}  // namespace parlavox
