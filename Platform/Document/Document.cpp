@@ -1,0 +1,70 @@
+#include "Platform/Document/Document.h"
+
+#include "Platform/Foundation/Exception.h"
+#include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/FileManager.h"
+
+namespace platform {
+
+bool Document::canConcurrentlyReadDocumentsOfType(std::string_view) {
+    return false;
+}
+
+void Document::updateChangeCount(ChangeKind change) {
+    switch (change) {
+        case ChangeKind::Done:
+        case ChangeKind::Redone:
+            ++changeCount_;
+            break;
+        case ChangeKind::Undone:
+            --changeCount_;
+            break;
+        case ChangeKind::Cleared:
+            changeCount_ = 0;
+            readOtherContents_ = false;
+            break;
+        case ChangeKind::ReadOtherContents:
+            readOtherContents_ = true;
+            break;
+        case ChangeKind::Autosaved:
+            // The document's own file did not change.
+            break;
+    }
+}
+
+bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
+    const auto wrapper = FileWrapper::initWithPath(url.path(), error);
+    return wrapper != nullptr && readFromFileWrapper(wrapper, ofType, error);
+}
+
+bool Document::readFromFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
+                                   const std::string& ofType, ErrorLocation error) {
+    const auto contents =
+        wrapper->isRegularFile() ? wrapper->regularFileContents() : std::optional<Data>();
+    if (!contents) {
+        const std::string cause = "no readable file of type " + ofType;
+        noteFailure(cause);
+        leaveError(error, {std::string(kCocoaErrorDomain), kFileReadUnknownError, cause});
+        return false;
+    }
+    return readFromData(*contents, ofType, error);
+}
+
+bool Document::readFromData(const Data&, const std::string&, ErrorLocation) {
+    raise(InternalInconsistencyException(
+        "readFromData:ofType:error: is a subclass responsibility but has not been overridden."));
+}
+
+bool Document::initContentsOfURL(const URL& url, const std::string& ofType, ErrorLocation error) {
+    fileURL_ = url;
+    fileType_ = ofType;
+    if (!readFromURL(url, ofType, error)) {
+        return false;
+    }
+    const auto attributes = FileManager::defaultManager().attributesOfItemAtPath(url.path());
+    fileModificationDate_ =
+        attributes ? std::optional<Date>(attributes->modificationDate) : std::nullopt;
+    return true;
+}
+
+}  // namespace platform

@@ -1,0 +1,163 @@
+#include "Sources/Document/Document.h"
+
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/Exception.h"
+#include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/TypeRegistry.h"
+#include "Platform/Text/TextReader.h"
+#include "Sources/Document/TextUnarchiver.h"
+
+namespace parlavox {
+
+using platform::AttributedString;
+using platform::Data;
+using platform::ErrorLocation;
+using platform::FailureContext;
+using platform::FileWrapper;
+using platform::noteFailure;
+using platform::TypeRegistry;
+using platform::URL;
+using platform::Value;
+
+namespace {
+
+bool isPackageType(const std::string& type) {
+    return TypeRegistry::typeConformsTo(type, kForeignDocumentType) ||
+           TypeRegistry::typeConformsTo(type, kDocumentType);
+}
+
+/// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
+std::optional<Data> contentsOfMember(const ZipWrapper& archive, std::string_view name) {
+    const auto member = archive.fileWrapperForKey(name);
+    return member != nullptr && member->isRegularFile() ? member->regularFileContents()
+                                                        : std::nullopt;
+}
+
+Value valueUnder(std::string_view key, const Value& value) {
+    const platform::Dictionary* const dictionary = value.dictionary();
+    return dictionary != nullptr ? (*dictionary)[key] : Value();
+}
+
+/// The compatibility version that the header states; nothing when there is none.
+std::optional<std::int64_t> compatibilityVersion(const Data& contents) {
+    const FailureContext context(kContentsMember);
+    const auto root = platform::PropertyListSerialization::propertyListWithData(contents);
+    if (!root) {
+        noteFailure(root.fault().detail);
+        return std::nullopt;
+    }
+    const Value header = valueUnder(kHeaderKey, root.value());
+    const auto version = valueUnder(kCompatibilityVersionKey, header).integerValue();
+    if (!version) {
+        noteFailure("no compatibility version in the header");
+    }
+    return version;
+}
+
+}  // namespace
+
+std::shared_ptr<Document> Document::init() {
+    auto document = std::make_shared<Document>(Creation());
+    document->setFileType(kDocumentType);
+    return document;
+}
+
+std::shared_ptr<Document> Document::initWithContentsOfURL(const URL& url, const std::string& ofType,
+                                                          ErrorLocation error) {
+    auto document = init();
+    if (isPackageType(ofType)) {
+        return document->initContentsOfURL(url, ofType, error) ? document : nullptr;
+    }
+    if (!document->readFromURL(url, ofType, error)) {
+        return nullptr;
+    }
+    document->setFileModificationDate(platform::currentDate());
+    return document;
+}
+
+bool Document::canConcurrentlyReadDocumentsOfType(std::string_view) {
+    return true;
+}
+
+bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
+    if (isPackageType(ofType)) {
+        return readPackage(url.path(), error);
+    }
+    if (!platform::Document::readFromURL(url, ofType, error)) {
+        return false;
+    }
+    updateChangeCount(platform::ChangeKind::Done);
+    return true;
+}
+
+bool Document::readPackage(const std::string& path, ErrorLocation error) {
+    const auto archive =
+        ZipWrapper::initWithPath(path, std::static_pointer_cast<Document>(shared_from_this()));
+    if (archive == nullptr) {
+        return false;
+    }
+    const auto contents = contentsOfMember(*archive, kContentsMember);
+    if (!contents) {
+        platform::noteFailureUnlessNoted("no contents.plist in the archive");
+        return false;
+    }
+    const auto version = compatibilityVersion(*contents);
+    if (!version) {
+        return false;
+    }
+    if (*version >= kFirstUnknownCompatibilityVersion) {
+        noteFailure("needs a newer reader (compatibility version " + std::to_string(*version) +
+                    ")");
+        platform::leaveError(error, {PVSpecificErrorDomain, kNewerReaderNeeded, {}});
+        return false;
+    }
+    const auto text = archive->fileWrapperForKey(kTextMember);
+    if (text != nullptr && text->isRegularFile()) {
+        readText(*text);
+    }
+    return true;
+}
+
+void Document::readText(const FileWrapper& member) {
+    const FailureContext context(kTextMember);
+    const auto contents = member.regularFileContents();
+    if (!contents) {
+        platform::raise(platform::UnarchiveException("contents that can't be read"));
+    }
+    const auto unarchiver = TextUnarchiver::initWithTagValuesDictionary(nullptr, *contents);
+    const Value root = unarchiver->decodeObject();
+    unarchiver->finishDecoding();
+    if (root.isNull()) {
+        return;
+    }
+    const auto object = root.object();
+    if (const auto* const text = dynamic_cast<const AttributedString*>(object.get())) {
+        replaceRealStorageWithAttributedString(*text);
+    } else if (auto string = root.sharedString()) {
+        replaceRealStorageWithAttributedString(AttributedString(std::move(string), {}));
+    } else {
+        platform::raise(platform::UnarchiveException("root object that is no text"));
+    }
+}
+
+bool Document::readFromData(const Data& data, const std::string&, ErrorLocation) {
+    auto text = platform::attributedStringFromData(data);
+    if (!text) {
+        noteFailure(text.fault().detail);
+        return false;
+    }
+    replaceRealStorageWithAttributedString(std::move(text).value());
+    return true;
+}
+
+void Document::replaceRealStorageWithAttributedString(AttributedString text) {
+    textStorage_ = std::make_shared<platform::TextStorage>(std::move(text));
+}
+
+std::optional<std::uint32_t> Document::compressLevelForFileWrapper(
+    const std::shared_ptr<FileWrapper>&, const ZipWrapper&) {
+    return 1;
+}
+
+}  // namespace parlavox

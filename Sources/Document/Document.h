@@ -1,0 +1,147 @@
+// A document of the reading application: attributed text with its settings.
+//
+// Documents are read from packages of the own format and imported from other formats. A document
+// is used on one thread at a time; different documents may be read on different threads at once.
+// Positions in the text count UTF-16 code units.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "Platform/Document/Document.h"
+#include "Platform/Foundation/Value.h"
+#include "Platform/Text/AttributedString.h"
+#include "Platform/Text/TextStorage.h"
+#include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
+#include "Sources/CocoaExtensions/Zip/ZipWrapperDelegate.h"
+#include "Sources/Document/PackageFormat.h"
+
+namespace parlavox {
+
+/// Whether a document's text may be edited.
+enum class Editing : bool { No, Yes };
+
+/// Whether a document's tags panel is shown.
+enum class TagsPanelVisible : bool { No, Yes };
+
+/// The size of a window, in points.
+struct WindowSize {
+    double width = 0;
+    double height = 0;
+
+    friend bool operator==(const WindowSize&, const WindowSize&) = default;
+};
+
+/// The document class; also the delegate of the archives that it opens.
+class Document final : public platform::Document, public ZipWrapperDelegate {
+public:
+    /// Returns a new, empty document of the own type that belongs to no file.
+    ///
+    /// Selector: init
+    [[nodiscard]] static std::shared_ptr<Document> init();
+
+    /// Returns the document that the file at `url` holds; null when it cannot be read, then perhaps
+    /// with an error at the location.
+    ///
+    /// A package is bound to its file and type. Anything else is imported: the result is a new,
+    /// untitled document of the own type with unsaved changes.
+    ///
+    /// Selector: initWithContentsOfURL:ofType:error:
+    [[nodiscard]] static std::shared_ptr<Document> initWithContentsOfURL(
+        const platform::URL& url, const std::string& ofType, platform::ErrorLocation error);
+
+    explicit Document(Creation key) : platform::Document(key) {}
+
+    /// True for every type.
+    ///
+    /// Selector: canConcurrentlyReadDocumentsOfType:
+    [[nodiscard]] static bool canConcurrentlyReadDocumentsOfType(std::string_view typeName);
+
+    /// Replaces the text by that of the file at `url`. Returns false, with the text as it was, when
+    /// the file cannot be read.
+    ///
+    /// An error is left for a package that needs a newer reader (PVSpecificErrorDomain, code 0) and
+    /// for what the base class refuses; other failures leave none. A package whose text is damaged
+    /// raises UnarchiveException, one whose archive is damaged ArchiveRangeError or
+    /// AssertionFailure.
+    ///
+    /// Selector: readFromURL:ofType:error:
+    [[nodiscard]] bool readFromURL(const platform::URL& url, const std::string& ofType,
+                                   platform::ErrorLocation error) override;
+
+    /// Imports text from bytes in whatever format they are. Never leaves an error.
+    ///
+    /// Selector: readFromData:ofType:error:
+    [[nodiscard]] bool readFromData(const platform::Data& data, const std::string& ofType,
+                                    platform::ErrorLocation error) override;
+
+    /// Puts a new text storage with a copy of `text` in the place of the old one. No undo, no
+    /// notification: who watched the old storage must turn to the new one.
+    ///
+    /// Selector: replaceRealStorageWithAttributedString:
+    void replaceRealStorageWithAttributedString(platform::AttributedString text);
+
+    /// The text; never null.
+    [[nodiscard]] const std::shared_ptr<platform::TextStorage>& textStorage() const {
+        return textStorage_;
+    }
+
+    [[nodiscard]] Editing isEditing() const { return editing_; }
+    void setEditing(Editing editing) { editing_ = editing; }
+
+    [[nodiscard]] TagsPanelVisible tagsPanelVisible() const { return tagsPanelVisible_; }
+    void setTagsPanelVisible(TagsPanelVisible visible) { tagsPanelVisible_ = visible; }
+
+    /// The templates that the user made for tags; absent until there were any.
+    [[nodiscard]] const std::optional<platform::Array>& customTagTemplates() const {
+        return customTagTemplates_;
+    }
+
+    /// The place of the insertion point.
+    [[nodiscard]] std::uint64_t cursorLocation() const { return cursorLocation_; }
+    void setCursorLocation(std::uint64_t location) { cursorLocation_ = location; }
+
+    /// 0 is horizontal.
+    [[nodiscard]] std::int64_t textLayoutOrientation() const { return textLayoutOrientation_; }
+    void setTextLayoutOrientation(std::int64_t orientation) {
+        textLayoutOrientation_ = orientation;
+    }
+
+    /// The colour behind the text; null for none.
+    [[nodiscard]] const std::shared_ptr<const platform::Object>& backgroundColor() const {
+        return backgroundColor_;
+    }
+    void setBackgroundColor(std::shared_ptr<const platform::Object> color) {
+        backgroundColor_ = std::move(color);
+    }
+
+    [[nodiscard]] WindowSize windowSize() const { return windowSize_; }
+    void setWindowSize(WindowSize size) { windowSize_ = size; }
+
+    /// Always 1, the fastest.
+    ///
+    /// Selector: compressLevelForFileWrapper:zipWrapper:
+    std::optional<std::uint32_t> compressLevelForFileWrapper(
+        const std::shared_ptr<platform::FileWrapper>& wrapper,
+        const ZipWrapper& zipWrapper) override;
+
+private:
+    [[nodiscard]] bool readPackage(const std::string& path, platform::ErrorLocation error);
+    void readText(const platform::FileWrapper& member);
+
+    std::shared_ptr<platform::TextStorage> textStorage_ = std::make_shared<platform::TextStorage>();
+    Editing editing_ = Editing::Yes;
+    TagsPanelVisible tagsPanelVisible_ = TagsPanelVisible::Yes;
+    std::optional<platform::Array> customTagTemplates_;
+    std::uint64_t cursorLocation_ = 0;
+    std::int64_t textLayoutOrientation_ = 0;
+    std::shared_ptr<const platform::Object> backgroundColor_;
+    WindowSize windowSize_;
+};
+
+}  // namespace parlavox
