@@ -20,6 +20,21 @@ constexpr int kMemoryLevel = 9;
 constexpr std::uint32_t kHighestLevel = 10;
 constexpr char kZlibVersion[] = "1.2.5";
 
+/// Deflates the whole input into the output. A stream that fills the output to its last byte is
+/// whole, but zlib says so only when it is asked again.
+int deflateWhole(z_stream& stream) {
+    const int code = deflate(&stream, Z_FINISH);
+    if (code != Z_OK || stream.avail_out != 0) {
+        return code;
+    }
+    Bytef spare;
+    stream.next_out = &spare;
+    stream.avail_out = 1;
+    const bool isWhole = deflate(&stream, Z_FINISH) == Z_STREAM_END && stream.avail_out == 1;
+    stream.avail_out = 0;
+    return isWhole ? Z_STREAM_END : Z_OK;
+}
+
 }  // namespace
 
 std::optional<Data> ZipWrapper::compressedData(const std::optional<Data>& data,
@@ -43,7 +58,7 @@ std::optional<Data> ZipWrapper::compressedData(const std::optional<Data>& data,
     stream.avail_in = static_cast<uInt>(data->size());
     stream.next_out = reinterpret_cast<Bytef*>(output.bytes());
     stream.avail_out = static_cast<uInt>(output.size());
-    const int code = deflate(&stream, Z_FINISH);
+    const int code = deflateWhole(stream);
     deflateEnd(&stream);
     if (code == Z_STREAM_END) {
         output.truncate(static_cast<std::uint32_t>(output.size()) - stream.avail_out);

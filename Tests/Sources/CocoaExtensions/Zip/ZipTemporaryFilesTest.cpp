@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Platform/Foundation/FileManager.h"
+#include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
+#include "Tests/Sources/CocoaExtensions/Zip/ZipTestFolder.h"
+
+namespace parlavox {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ZipTemporaryFiles, IdentifiersAreRandomAndOfTheCanonicalForm) {
+    const std::regex form("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}");
+    std::set<std::string> seen;
+    for (int i = 0; i < 100; ++i) {
+        const std::string identifier = ZipWrapper::generatedUID();
+        EXPECT_TRUE(std::regex_match(identifier, form)) << identifier;
+        EXPECT_TRUE(seen.insert(identifier).second);
+    }
+}
+
+TEST(ZipTemporaryFiles, FolderIsMadeOnceInsideTheTemporaryDirectory) {
+    const ZipTestFolder folder;
+    const auto path = ZipWrapper::tempFolderPath();
+    ASSERT_TRUE(path);
+    EXPECT_TRUE(fs::is_directory(*path));
+    EXPECT_EQ(fs::path(*path).parent_path(), folder.path());
+    EXPECT_EQ(fs::path(*path).filename().string().size(), 36u);
+    fs::remove(*path);
+    EXPECT_EQ(ZipWrapper::tempFolderPath(), path) << "later calls don't look at the disk";
+    EXPECT_FALSE(fs::exists(*path));
+}
+
+TEST(ZipTemporaryFiles, PathsAreNewAndTakeAnExtension) {
+    const ZipTestFolder folder;
+    const auto path = ZipWrapper::generatedTempFilePathWithExtension("plist");
+    ASSERT_TRUE(path);
+    EXPECT_EQ(fs::path(*path).parent_path(), *ZipWrapper::tempFolderPath());
+    EXPECT_EQ(fs::path(*path).extension(), ".plist");
+    EXPECT_EQ(fs::path(*path).stem().string().size(), 36u);
+    const auto bare = ZipWrapper::generatedTempFilePathWithExtension(std::nullopt);
+    EXPECT_EQ(fs::path(*bare).filename().string().size(), 36u);
+    EXPECT_TRUE(ZipWrapper::generatedTempFilePathWithExtension("")->ends_with("."))
+        << "an empty extension is one, too";
+    EXPECT_NE(path, ZipWrapper::generatedTempFilePathWithExtension("plist"));
+    EXPECT_TRUE(fs::is_empty(*ZipWrapper::tempFolderPath())) << "no file is made";
+}
+
+TEST(ZipTemporaryFiles, FolderThatCannotBeMadeIsTriedAgain) {
+    const ZipTestFolder folder;
+    setenv("TMPDIR", (folder.path() / "missing").c_str(), 1);
+    EXPECT_EQ(ZipWrapper::tempFolderPath(), std::nullopt);
+    EXPECT_EQ(ZipWrapper::generatedTempFilePathWithExtension("plist"), std::nullopt);
+    setenv("TMPDIR", folder.path().c_str(), 1);
+    EXPECT_NE(ZipWrapper::tempFolderPath(), std::nullopt);
+}
+
+TEST(ZipTemporaryFiles, FirstCallsAtOnceAllGetAFolder) {
+    const ZipTestFolder folder;
+    std::vector<std::thread> threads;
+    std::vector<std::optional<std::string>> paths(8);
+    for (auto& path : paths) {
+        threads.emplace_back([&path] { path = ZipWrapper::tempFolderPath(); });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    const auto kept = ZipWrapper::tempFolderPath();
+    for (const auto& path : paths) {
+        ASSERT_TRUE(path);
+        EXPECT_TRUE(fs::is_directory(*path));
+    }
+    EXPECT_NE(std::find(paths.begin(), paths.end(), kept), paths.end());
+}
+
+}  // namespace
+}  // namespace parlavox
