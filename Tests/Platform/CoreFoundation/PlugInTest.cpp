@@ -8,8 +8,8 @@
 #include <thread>
 #include <vector>
 
-#include "BundleFolder.h"
 #include "Platform/CoreFoundation/CFPlugInCOM.h"
+#include "Tests/Platform/CoreFoundation/BundleFolder.h"
 
 namespace {
 
