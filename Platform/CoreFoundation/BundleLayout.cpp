@@ -1,5 +1,6 @@
 #include "Platform/CoreFoundation/BundleLayout.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>

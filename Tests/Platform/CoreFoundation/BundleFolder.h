@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "Platform/CoreFoundation/CoreFoundation.h"
-#include "Ref.h"
-#include "TestPlugIn.h"
+#include "Tests/Platform/CoreFoundation/Ref.h"
+#include "Tests/Platform/CoreFoundation/TestPlugIn.h"
 
 namespace test {
 

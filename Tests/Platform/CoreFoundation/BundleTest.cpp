@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "BundleFolder.h"
+#include "Tests/Platform/CoreFoundation/BundleFolder.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "Ref.h"
+#include "Tests/Platform/CoreFoundation/Ref.h"
 
 namespace {
 

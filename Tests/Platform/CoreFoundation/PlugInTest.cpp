@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cctype>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "BundleFolder.h"
 #include "Platform/CoreFoundation/CFPlugInCOM.h"
+#include "Tests/Platform/CoreFoundation/BundleFolder.h"
 
 namespace {
 

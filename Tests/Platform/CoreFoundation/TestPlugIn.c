@@ -1,6 +1,6 @@
 // A plug-in in plain C, as a foreign maker would write one: it puts the given path under a key.
 
-#include "TestPlugIn.h"
+#include "Tests/Platform/CoreFoundation/TestPlugIn.h"
 
 #include <stdatomic.h>
 #include <stdlib.h>

@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "Ref.h"
+#include "Tests/Platform/CoreFoundation/Ref.h"
 
 namespace {
 
