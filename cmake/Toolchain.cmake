@@ -32,6 +32,11 @@ if(PARLAVOX_DEVELOPER)
     add_compile_options(-Werror)
 endif()
 
+# g++ 12 warns of overlaps that cannot be where a string is put together from a literal.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+endif()
+
 # A unique symbol keeps a library mapped after it was unloaded.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
