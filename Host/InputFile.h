@@ -1,0 +1,50 @@
+// A file or folder that is to be read, opened without risk: nothing that would wait or act when it
+// is opened (a pipe, a device, a socket) is.
+//
+// Paths are bytes. One thread at a time.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "Host/FileDescriptor.h"
+#include "Platform/Foundation/Result.h"
+
+namespace host {
+
+/// An open file or folder.
+class InputFile {
+public:
+    /// Opens what is at `path`. A Fault's detail is the system's text, or "not a regular file".
+    [[nodiscard]] static platform::Result<InputFile> open(std::string path);
+
+    [[nodiscard]] bool isFolder() const { return isFolder_; }
+
+    /// The path as it was given.
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+    /// A path of this file that is UTF-8 throughout and, where possible, no symbolic link.
+    ///
+    /// Where the name of a folder on the way is no text, the path leads through a descriptor of
+    /// that folder, and where the file's own name is none, it is the file's descriptor: good only
+    /// in this process, and as long as this object lives.
+    [[nodiscard]] const std::string& pathAsText() const { return pathAsText_; }
+
+    /// Returns up to `size` bytes from the file's beginning, fewer when reading fails.
+    [[nodiscard]] std::string firstBytes(std::size_t size) const;
+
+    /// Returns the last bytes of the file, up to `size`, fewer when reading fails.
+    [[nodiscard]] std::string lastBytes(std::size_t size) const;
+
+private:
+    InputFile(std::string path, FileDescriptor descriptor, bool isFolder);
+
+    std::string path_;
+    FileDescriptor descriptor_;
+    FileDescriptor folder_;  // of the file, where the path as text leads through it
+    bool isFolder_;
+    std::string pathAsText_;
+};
+
+}  // namespace host

@@ -1,0 +1,47 @@
+// Waits for the end of a child and for the signals that are to end this process.
+//
+// Process-wide: one at a time, in a process with one thread.
+
+#pragma once
+
+#include <signal.h>
+#include <sys/types.h>
+
+#include <cstddef>
+#include <optional>
+
+namespace host {
+
+/// How a child has ended.
+struct ChildEnd {
+    int status = 0;              ///< as wait gives it
+    std::size_t memoryPeak = 0;  ///< the most resident memory that it ever had, in bytes
+};
+
+/// While it lives, signals that would end the process (but those that were ignored before) wait
+/// until they are asked for, and writing to a closed pipe is answered instead of deadly.
+class SignalWatch {
+public:
+    SignalWatch();
+    ~SignalWatch();
+    SignalWatch(const SignalWatch&) = delete;
+    SignalWatch& operator=(const SignalWatch&) = delete;
+
+    /// Waits until `child` has ended, or until a signal is there that is to end this process;
+    /// `signal` tells which, and is 0 otherwise. A signal goes before the child's end.
+    [[nodiscard]] std::optional<ChildEnd> waitFor(pid_t child, int& signal) const;
+
+    /// Kills `child` and waits for its end.
+    static void kill(pid_t child);
+
+private:
+    sigset_t watched_;
+    sigset_t maskBefore_;
+    struct sigaction childBefore_;
+    struct sigaction pipeBefore_;
+};
+
+/// Ends the process by `signal`, with its usual effect.
+[[noreturn]] void dieOf(int signal);
+
+}  // namespace host

@@ -1,0 +1,136 @@
+#include "Host/Supervisor.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "Host/OutputText.h"
+#include "Host/Worker.h"
+#include "Host/WorkerEnd.h"
+#include "Host/WorkerProcess.h"
+
+namespace host {
+namespace {
+
+void tell(std::string_view subject, std::string_view message) {
+    static_cast<void>(writeAll(STDERR_FILENO, errorLine(subject, message)));
+}
+
+}  // namespace
+
+Ending Supervisor::run() {
+    const pid_t watcher = ::getpid();
+    std::size_t first = 0;
+    while (true) {
+        progress_.setPhase(Phase::Loading);
+        const pid_t child = ::fork();
+        if (child < 0) {
+            tell("cannot start a process", std::strerror(errno));
+            return {kNoImporter};
+        }
+        if (child == 0) {
+            work(watcher, first);
+        }
+        int signal = 0;
+        const std::optional<ChildEnd> end = signals_.waitFor(child, signal);
+        if (!end) {
+            SignalWatch::kill(child);
+            return {kSomeFailed, signal};
+        }
+        if (const std::optional<Ending> ending = judge(*end)) {
+            return *ending;
+        }
+        first = progress_.file() + 1;
+    }
+}
+
+void Supervisor::work(pid_t watcher, std::size_t first) noexcept {
+    endWith(watcher);
+    ::setenv("TMPDIR", folder_.path().c_str(), 1);
+    folder_.leaveToOwner();
+    resetSignals();
+    boundMemory(job_.limits.memory);
+    Worker(job_, progress_).run(first);
+    if (progress_.phase() == Phase::Releasing) {
+        progress_.setPhase(Phase::Finished);
+    }
+    endProcess(EXIT_SUCCESS);
+}
+
+std::optional<Ending> Supervisor::judge(const ChildEnd& end) {
+    switch (progress_.phase()) {
+        case Phase::Loading:
+            return loseImporter(end, "while it was loaded", kNoImporter);
+        case Phase::LoadFailed:
+            return Ending{kNoImporter};
+        case Phase::InHand:
+        case Phase::Writing:
+            return loseFile(end);
+        case Phase::OutputFailed:
+            return Ending{kSomeFailed};
+        case Phase::OutputClosed:
+            return Ending{kSomeFailed, SIGPIPE};
+        case Phase::Releasing:
+            return loseImporter(end, "when all was done", allDone().status);
+        case Phase::Written:
+        case Phase::Finished:
+            break;
+    }
+    const bool isLast = progress_.file() + 1 >= job_.files.size();
+    return isLast ? std::optional(allDone()) : std::nullopt;
+}
+
+std::optional<Ending> Supervisor::loseFile(const ChildEnd& end) {
+    progress_.countFailure();
+    FileOutcome outcome;
+    outcome.path = job_.files.at(progress_.file());
+    outcome.type = job_.type.value_or("");
+    outcome.duration = progress_.timeInHand();
+    outcome.error = describeEnd(end, job_.limits);
+    int error = output_.endStoppedLine(progress_.phase());
+    if (error == 0) {
+        error = output_.write(outcome);
+    }
+    if (error == EPIPE) {
+        return Ending{kSomeFailed, SIGPIPE};
+    }
+    if (error != 0) {
+        tell("standard output", std::strerror(error));
+        return Ending{kSomeFailed};
+    }
+    const bool isLast = progress_.file() + 1 >= job_.files.size();
+    return isLast ? std::optional(allDone()) : std::nullopt;
+}
+
+Ending Supervisor::loseImporter(const ChildEnd& end, const char* when, int status) const {
+    tell(job_.importer, describeEnd(end, job_.limits) + " " + when);
+    return {status};
+}
+
+Ending Supervisor::allDone() const {
+    return {progress_.failures() == 0 ? kAllRead : kSomeFailed};
+}
+
+Ending supervise(const TextJob& job) {
+    const SignalWatch signals;
+    const std::string base = TemporaryFolder::defaultBase();
+    TemporaryFolder::removeStale(base);
+    platform::Result<TemporaryFolder> folder = TemporaryFolder::make(base);
+    if (!folder) {
+        tell(base, "cannot make a temporary folder: " + folder.fault().detail);
+        return {kNoImporter};
+    }
+    platform::Result<SharedProgress> progress = SharedProgress::make();
+    if (!progress) {
+        tell("cannot share memory", progress.fault().detail);
+        return {kNoImporter};
+    }
+    return Supervisor(job, signals, std::move(folder).value(), std::move(progress).value()).run();
+}
+
+}  // namespace host

@@ -1,0 +1,50 @@
+// Runs pvindex as a user does, and tells what came of it.
+//
+// Each run gets a temporary folder of its own as TMPDIR. One thread at a time.
+
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Tests/Host/ScratchFolder.h"
+
+namespace host {
+
+/// What a run left.
+struct ProgramRun {
+    int status = -1;  ///< the exit status, or 128 and the number of the signal that ended it
+    std::string output;
+    std::string error;
+    std::vector<std::string> leftBehind;  ///< the names of what is in TMPDIR
+    int childrenLeft = 0;                 ///< processes of the run that have outlived it
+};
+
+/// A started pvindex.
+class Program {
+public:
+    /// Starts it with these arguments; its standard output goes to `output`, a descriptor, or is
+    /// kept when that is -1.
+    explicit Program(std::vector<std::string> arguments, int output = -1);
+
+    [[nodiscard]] pid_t process() const { return process_; }
+    [[nodiscard]] const ScratchFolder& temporary() const { return temporary_; }
+
+    /// Waits for its end.
+    [[nodiscard]] ProgramRun finish();
+
+    /// Starts one and waits for its end.
+    [[nodiscard]] static ProgramRun run(std::vector<std::string> arguments) {
+        return Program(std::move(arguments)).finish();
+    }
+
+private:
+    ScratchFolder temporary_;
+    ScratchFolder results_;
+    pid_t process_ = -1;
+};
+
+}  // namespace host
