@@ -54,9 +54,7 @@ void endWith(pid_t watcher) {
 }
 
 void resetSignals() {
-    for (const int usual : {SIGALRM, SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-        ::signal(usual, SIG_DFL);
-    }
+    ::signal(SIGALRM, SIG_DFL);
     ::signal(SIGPIPE, SIG_IGN);
     sigset_t none;
     ::sigemptyset(&none);

@@ -15,8 +15,8 @@ namespace host {
 /// watcher has gone already.
 void endWith(pid_t watcher);
 
-/// Lets all signals in, with their usual effect but for the broken pipe, which becomes an answer
-/// of the write.
+/// Lets all signals in. The deadline's has its usual effect, that of a broken pipe none: it is an
+/// answer of the write. All others stay as the program was started with.
 void resetSignals();
 
 /// Bounds the address space to what there is and `mebibytes` more; 0 is no bound. Turns core files

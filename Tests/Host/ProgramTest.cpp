@@ -7,8 +7,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include "Host/FileDescriptor.h"
 #include "Tests/Host/Program.h"
@@ -138,6 +140,27 @@ TEST_F(ProgramTest, AClosedPipeEndsItQuietly) {
     const FileDescriptor writer(pipe[1]);
     const std::string path = folder.write("a.txt", "One");
     expectRun(Program({"text", path, path}, writer.get()).finish(), 128 + SIGPIPE, "", "");
+}
+
+TEST_F(ProgramTest, ASlowReaderCostsNoFile) {
+    int pipe[2] = {-1, -1};
+    ASSERT_EQ(::pipe(pipe), 0);
+    const FileDescriptor reader(pipe[0]);
+    FileDescriptor writer(pipe[1]);
+    const std::string text(std::size_t{1} << 20, 'a');
+    const std::string path = folder.write("a.txt", text);
+    Program program({"text", "--timeout", "1", path}, writer.get());
+    writer.close();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    std::string output(text.size() + 1, '\0');
+    std::size_t size = 0;
+    ssize_t step = 1;
+    while (step > 0) {
+        step = ::read(reader.get(), output.data() + size, output.size() - size);
+        size += step > 0 ? static_cast<std::size_t>(step) : 0;
+    }
+    EXPECT_EQ(size, text.size());
+    expectRun(program.finish(), 0, "", "");
 }
 
 TEST_F(ProgramTest, AFullDeviceIsNamed) {
