@@ -10,7 +10,7 @@
 namespace host {
 
 /// How many bytes of a file's beginning and end a guess looks at.
-inline constexpr std::size_t kMagicBytes = 64 * 1024;
+inline constexpr std::size_t kMagicBytes = std::size_t{64} * 1024;
 
 /// Returns the identifier of the type that a file with these bytes seems to have, public.data when
 /// they tell nothing.
