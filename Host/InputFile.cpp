@@ -5,9 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -43,29 +41,14 @@ std::string bytesAt(int descriptor, off_t offset, std::size_t size) {
     return bytes;
 }
 
-bool isText(std::string_view path) {
-    return platform::isAscii(path) || platform::utf16FromUtf8(path);
-}
-
 // A byte-order mark at the beginning does not survive in a string of CoreFoundation's.
 bool survivesAsText(std::string_view path) {
-    return !path.starts_with("\xEF\xBB\xBF") && isText(path);
+    return platform::isAscii(path) ||
+           (!path.starts_with("\xEF\xBB\xBF") && platform::utf16FromUtf8(path));
 }
 
 std::string pathOf(const FileDescriptor& descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor.get());
-}
-
-// The path of what a symbolic link leads to, any other path itself. A search service hands out
-// files, never links, and importers may refuse those.
-std::string withoutLink(const std::string& path) {
-    struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) {
-        return path;
-    }
-    const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr),
-                                                          std::free);
-    return resolved ? resolved.get() : path;
 }
 
 }  // namespace
@@ -92,18 +75,7 @@ platform::Result<InputFile> InputFile::open(std::string path) {
 
 InputFile::InputFile(std::string path, FileDescriptor descriptor, bool isFolder)
     : path_(std::move(path)), descriptor_(std::move(descriptor)), isFolder_(isFolder) {
-    const std::string target = withoutLink(path_);
-    if (survivesAsText(target)) {
-        pathAsText_ = target;
-        return;
-    }
-    const std::size_t nameStart = target.rfind('/') + 1;
-    const std::string name = target.substr(nameStart);
-    if (!name.empty() && isText(name)) {
-        const std::string folder = nameStart == 0 ? "." : target.substr(0, nameStart);
-        folder_ = FileDescriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    }
-    pathAsText_ = folder_ ? pathOf(folder_) + "/" + name : pathOf(descriptor_);
+    pathAsText_ = survivesAsText(path_) ? path_ : pathOf(descriptor_);
 }
 
 std::string InputFile::firstBytes(std::size_t size) const {

@@ -24,11 +24,8 @@ public:
     /// The path as it was given.
     [[nodiscard]] const std::string& path() const { return path_; }
 
-    /// A path of this file that is UTF-8 throughout and, where possible, no symbolic link.
-    ///
-    /// Where the name of a folder on the way is no text, the path leads through a descriptor of
-    /// that folder, and where the file's own name is none, it is the file's descriptor: good only
-    /// in this process, and as long as this object lives.
+    /// A path of this file that is UTF-8 throughout: the given one, or where that is no text the
+    /// file's descriptor, good only in this process and as long as this object lives.
     [[nodiscard]] const std::string& pathAsText() const { return pathAsText_; }
 
     /// Returns up to `size` bytes from the file's beginning, fewer when reading fails.
@@ -42,7 +39,6 @@ private:
 
     std::string path_;
     FileDescriptor descriptor_;
-    FileDescriptor folder_;  // of the file, where the path as text leads through it
     bool isFolder_;
     std::string pathAsText_;
 };

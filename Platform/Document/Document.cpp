@@ -33,7 +33,9 @@ void Document::updateChangeCount(ChangeKind change) {
 }
 
 bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
-    const auto wrapper = FileWrapper::initWithPath(url.path(), error);
+    // A wrapper takes a link as a link; a document is what the link leads to.
+    const auto wrapper = FileWrapper::initWithPath(
+        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()), error);
     return wrapper != nullptr && readFromFileWrapper(wrapper, ofType, error);
 }
 

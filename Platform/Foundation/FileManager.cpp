@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -134,6 +135,15 @@ bool FileManager::removeItemAtPath(const std::string& path) const {
         return refuse(failure.value(), FileAccess::Writing, path);
     }
     return removed > 0 || refuse(ENOENT, FileAccess::Writing, path);
+}
+
+std::string FileManager::stringByResolvingSymlinksInPath(const std::string& path) const {
+    if (path.find('\0') != std::string::npos) {
+        return path;
+    }
+    const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr),
+                                                          std::free);
+    return resolved ? resolved.get() : path;
 }
 
 std::string FileManager::temporaryDirectory() const {

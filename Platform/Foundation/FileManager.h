@@ -72,6 +72,12 @@ public:
     /// Selector: removeItemAtPath:
     virtual bool removeItemAtPath(const std::string& path) const;
 
+    /// Returns `path` with all symbolic links on it followed, or as it is when they lead nowhere.
+    ///
+    /// Selector: stringByResolvingSymlinksInPath:
+    [[nodiscard]] virtual std::string stringByResolvingSymlinksInPath(
+        const std::string& path) const;
+
     /// Returns the folder for temporary files: what the environment names as TMPDIR now, when that
     /// is an absolute path, else /tmp.
     ///

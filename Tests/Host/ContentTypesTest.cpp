@@ -100,14 +100,13 @@ TEST(InputFile, HasAPathOfTextWhateverItsName) {
     struct Row {
         const char* path;
         const char* want;  // the path's beginning
-        const char* end;
     };
     constexpr Row kRows[] = {
-        {"\u00E4.txt", "\u00E4.txt", "\u00E4.txt"},
-        {"\xE4.txt", "/proc/self/fd/", ""},
-        {"\xE4/a.txt", "/proc/self/fd/", "/a.txt"},
+        {"\u00E4.txt", "\u00E4.txt"},
+        {"\xE4.txt", "/proc/self/fd/"},
+        {"\xE4/a.txt", "/proc/self/fd/"},
         // The mark would not come through at the beginning of a path.
-        {"\xEF\xBB\xBFmark.txt", "/proc/self/fd/", "/\xEF\xBB\xBFmark.txt"},
+        {"\xEF\xBB\xBFmark.txt", "/proc/self/fd/"},
     };
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.path);
@@ -116,21 +115,9 @@ TEST(InputFile, HasAPathOfTextWhateverItsName) {
         ASSERT_TRUE(file);
         const std::string path = file.value().pathAsText();
         EXPECT_TRUE(path.starts_with(row.want)) << path;
-        EXPECT_TRUE(path.ends_with(row.end)) << path;
         EXPECT_EQ(InputFile::open(path).value().firstBytes(100), row.path);
     }
     std::filesystem::current_path("/");
-}
-
-TEST(InputFile, LeadsToWhatALinkLeadsTo) {
-    const ScratchFolder folder;
-    const std::string target = folder.write("a.txt", "text");
-    const std::string link = folder.path("link.pdf");
-    std::filesystem::create_symlink("a.txt", link);
-    const platform::Result<InputFile> file = InputFile::open(link);
-    ASSERT_TRUE(file);
-    EXPECT_EQ(file.value().path(), link);
-    EXPECT_EQ(file.value().pathAsText(), std::filesystem::canonical(target));
 }
 
 }  // namespace

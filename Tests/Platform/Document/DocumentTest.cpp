@@ -1,8 +1,12 @@
 #include "Platform/Document/Document.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "Platform/Foundation/Exception.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -49,6 +53,26 @@ TEST(Document, ReadingGoesFromTheFileToItsBytes) {
     EXPECT_EQ(document->type, "public.data");
     EXPECT_EQ(error, std::nullopt);
     EXPECT_EQ(document->fileURL(), std::nullopt) << "reading alone binds to no file";
+}
+
+TEST(Document, LinksAreFollowedToTheFile) {
+    const test::TemporaryFolder folder;
+    const std::string file = folder.write("caf\xE9", "words");
+    std::filesystem::create_symlink("caf\xE9", folder.path("link"));
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    for (const std::string& path :
+         {file, folder.path("link"), "/proc/self/fd/" + std::to_string(descriptor)}) {
+        SCOPED_TRACE(path);
+        const auto document = NoteDocument::init();
+        EXPECT_TRUE(document->readFromURL(URL::fileURLWithPath(path), "public.data", nullptr));
+        EXPECT_EQ(document->note, "words");
+    }
+    ::close(descriptor);
+    std::filesystem::create_symlink("nowhere", folder.path("dangling"));
+    std::optional<Error> error;
+    EXPECT_FALSE(NoteDocument::init()->readFromURL(URL::fileURLWithPath(folder.path("dangling")),
+                                                   "public.data", &error));
+    EXPECT_TRUE(error);
 }
 
 TEST(Document, FilesThatCannotBeReadLeaveThePlatformsErrors) {
