@@ -80,10 +80,12 @@ void FLReadSLocalFileHeader(SLocalFileHeader* header, const void* source) {
         header->ExtraFieldLength;
 }
 
-void FLReadSDirectory(SDirectory* directory, const void* source) {
-    FieldReader(source) >> directory->Signature >> directory->DiskNumbers >>
-        directory->EntriesOnDisk >> directory->TotalEntries >> directory->DirectorySize >>
-        directory->DirectoryOffset >> directory->CommentLength;
+SDirectory directoryFromBytes(const void* source) {
+    SDirectory directory;
+    FieldReader(source) >> directory.Signature >> directory.DiskNumbers >>
+        directory.EntriesOnDisk >> directory.TotalEntries >> directory.DirectorySize >>
+        directory.DirectoryOffset >> directory.CommentLength;
+    return directory;
 }
 
 std::int64_t FLWriteSLocalFileHeader(platform::OutputStream* stream, SLocalFileHeader header) {

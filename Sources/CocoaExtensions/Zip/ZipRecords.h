@@ -82,9 +82,6 @@ void FLReadSFileHeader(SFileHeader* header, const void* source);
 /// Fills `header` from the 30 bytes at `source`.
 void FLReadSLocalFileHeader(SLocalFileHeader* header, const void* source);
 
-/// Fills `directory` from the 22 bytes at `source`.
-void FLReadSDirectory(SDirectory* directory, const void* source);
-
 /// Each writes a record to `stream` with one call a field (11, 17 and 7 calls) and returns the sum
 /// of the counts that the stream reported, negative ones included: 30, 46 or 22 when all went well.
 /// A failed call does not stop the later ones. Without a stream they return 0.
@@ -93,5 +90,8 @@ std::int64_t FLWriteSFileHeader(platform::OutputStream* stream, SFileHeader head
 std::int64_t FLWriteSDirectory(platform::OutputStream* stream, SDirectory directory);
 
 }  // extern "C"
+
+/// Returns the end record in the 22 bytes at `source`.
+[[nodiscard]] SDirectory directoryFromBytes(const void* source);
 
 }  // namespace parlavox

@@ -45,7 +45,8 @@ bool ZipWrapper::scanLocalHeader() {
     }
     SDirectory end{};
     if (inputData_) {
-        FLReadSDirectory(&end, archiveBytes({stackSize_ - kDirectorySize, kDirectorySize}).bytes());
+        end =
+            directoryFromBytes(archiveBytes({stackSize_ - kDirectorySize, kDirectorySize}).bytes());
     }
     if (end.Signature != kDirectorySignature || end.EntriesOnDisk != end.TotalEntries) {
         platform::noteFailure("no zip archive: no end record in its last 22 bytes");

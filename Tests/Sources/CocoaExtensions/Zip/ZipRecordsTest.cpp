@@ -131,8 +131,7 @@ TEST(ZipRecords, ReadingFillsEveryFieldWhateverTheSignature) {
     EXPECT_EQ(local.FilenameLength, 0x1C1B);
     EXPECT_EQ(local.ExtraFieldLength, 0x1E1D);
 
-    SDirectory end{};
-    FLReadSDirectory(&end, bytes.data());
+    const SDirectory end = directoryFromBytes(bytes.data());
     EXPECT_EQ(end.Signature, 0x04030201u);
     EXPECT_EQ(end.DiskNumbers, 0x08070605u);
     EXPECT_EQ(end.EntriesOnDisk, 0x0A09);
