@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <barrier>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -14,6 +12,7 @@
 
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Tests/Support/LoadedImporter.h"
+#include "Tests/Support/TemporaryDirectory.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tools/samples/ArchiveBuilder.h"
 #include "Tools/samples/PackageBuilder.h"
@@ -24,36 +23,11 @@ namespace {
 using platform::Data;
 using test::CFOwner;
 using test::LoadedImporter;
+using test::TemporaryDirectory;
 using test::TemporaryFolder;
 
 constexpr int kThreads = 8;
 constexpr int kRounds = 3;
-
-/// Makes a folder of its own the one for temporary files while it lives.
-class TemporaryDirectory {
-public:
-    TemporaryDirectory() { ::setenv("TMPDIR", folder_.path().c_str(), 1); }
-    ~TemporaryDirectory() {
-        if (before_) {
-            ::setenv("TMPDIR", before_->c_str(), 1);
-        } else {
-            ::unsetenv("TMPDIR");
-        }
-    }
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    [[nodiscard]] const std::string& path() const { return folder_.path(); }
-
-private:
-    static std::optional<std::string> valueNow() {
-        const char* const value = std::getenv("TMPDIR");
-        return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-    }
-
-    TemporaryFolder folder_;
-    std::optional<std::string> before_ = valueNow();
-};
 
 /// What came of one call.
 struct Outcome {
@@ -156,12 +130,6 @@ void importAll(const LoadedImporter& importer, const TemporaryFolder& files,
     }
 }
 
-std::ptrdiff_t regularFilesBelow(const std::string& folder) {
-    const std::filesystem::recursive_directory_iterator entries(folder);
-    return std::count_if(begin(entries), end(entries),
-                         [](const auto& entry) { return entry.is_regular_file(); });
-}
-
 TEST(GetMetadataForFile, GivesEachOfManyThreadsItsOwnResult) {
     const TemporaryFolder files;
     const TemporaryDirectory spooled;
@@ -184,7 +152,7 @@ TEST(GetMetadataForFile, GivesEachOfManyThreadsItsOwnResult) {
         thread.join();
     }
     EXPECT_FALSE(std::filesystem::is_empty(spooled.path())) << "nothing was spooled";
-    EXPECT_EQ(regularFilesBelow(spooled.path()), 0);
+    EXPECT_EQ(spooled.countFiles(), 0);
 }
 
 }  // namespace
