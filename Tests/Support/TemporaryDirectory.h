@@ -6,9 +6,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -36,6 +38,22 @@ public:
         const std::filesystem::recursive_directory_iterator entries(folder_.path());
         return std::count_if(begin(entries), end(entries),
                              [](const auto& entry) { return !entry.is_directory(); });
+    }
+
+    /// Removes all files, but no folders, at any depth; returns how many bytes they held.
+    std::uintmax_t removeFiles() const {
+        std::vector<std::filesystem::path> files;
+        std::uintmax_t bytes = 0;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path())) {
+            if (!entry.is_directory()) {
+                bytes += entry.file_size();
+                files.push_back(entry.path());
+            }
+        }
+        for (const auto& file : files) {
+            std::filesystem::remove(file);
+        }
+        return bytes;
     }
 
 private:
