@@ -278,6 +278,17 @@ TEST(KeyedUnarchiver, BytesThatManyStringsShareCountForEachOfThem) {
     EXPECT_EQ(failureOf(b.finish(b.addArray(strings))), "objects share their bytes");
 }
 
+TEST(KeyedUnarchiver, NamesThatManyClassesShareCountForEachOfThem) {
+    ArchiveBuilder b;
+    const Value names = Array(1000, u"Odd");
+    std::vector<Uid> objects;
+    for (int i = 0; i < 100; ++i) {
+        const Uid type = b.add(Dictionary{{"$classname", u"Odd"}, {"$classes", names}});
+        objects.push_back(b.addInstance(type, {}));
+    }
+    EXPECT_EQ(failureOf(b.finish(b.addArray(objects))), "objects share their bytes");
+}
+
 TEST(KeyedUnarchiver, EveryPrefixOfAGoodArchiveRaises) {
     const Data archive = samples::archiveOfText(u"A text of some length, with caf\u00E9.");
     for (std::size_t size = 0; size < archive.size(); ++size) {
