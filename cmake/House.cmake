@@ -95,3 +95,25 @@ function(pv_test target)
                                             GTest::gtest_main)
     gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
 endfunction()
+
+# Adds a fuzz target: pv_fuzz(target FOLDER path SOURCE file LINK target...)
+#
+# It is a fuzzer where there is libFuzzer, otherwise a program that replays the files and folders it
+# is given. Either way a test runs it over its seeds, Fuzz/<path>/corpus/<target>.
+function(pv_fuzz target)
+    cmake_parse_arguments(ARG "" "FOLDER;SOURCE" "LINK" ${ARGN})
+    set(folder ${CMAKE_SOURCE_DIR}/Fuzz/${ARG_FOLDER})
+    add_executable(${target} ${folder}/${ARG_SOURCE})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK} pv_fuzz_support)
+    if(PARLAVOX_LIBFUZZER)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        # Shared libraries count their coverage through functions of the fuzzer.
+        set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+        set(replay -runs=0)
+    else()
+        target_link_libraries(${target} PRIVATE pv_fuzz_replay)
+        set(replay)
+    endif()
+    add_test(NAME Fuzz.${target} COMMAND ${target} ${replay} ${folder}/corpus/${target})
+    set_tests_properties(Fuzz.${target} PROPERTIES TIMEOUT 300)
+endfunction()

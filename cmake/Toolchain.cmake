@@ -51,6 +51,11 @@ if(PARLAVOX_SANITIZE)
     add_link_options(-fsanitize=${PARLAVOX_SANITIZE})
 endif()
 
+# What libFuzzer steers by; the sanitizers' run-time stands in for it in all other programs.
+if(PARLAVOX_LIBFUZZER)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(PARLAVOX_COVERAGE)
     add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)

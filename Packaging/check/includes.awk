@@ -29,7 +29,7 @@ BEGIN {
 
     # These look at everything, and at the libraries that they test with.
     arrow("Tests", "Platform Sources Host Tools Packaging Fuzz")
-    arrow("Fuzz", "Platform Sources Host Tests")
+    arrow("Fuzz", "Platform Sources Host Tools Tests")
     arrow("Benchmarks", "Platform Sources Host Tests")
 
     split("algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex " \

@@ -62,7 +62,8 @@ public:
     /// elements in one inline array, as arrays and sets do. Nothing when it is anything else.
     Result<std::optional<Elements>> elementsForKey(std::string_view key) const;
 
-    /// Counts a copy of a key that others may share against what may be built in all.
+    /// Counts what is made of a key, or of other bytes, that many objects may share against what
+    /// may be built in all.
     Outcome chargeKey(std::string_view key) const;
 
     /// Returns the object as an OpaqueObject.

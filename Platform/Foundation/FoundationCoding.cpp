@@ -23,6 +23,7 @@ Result<Value> decodeString(const ArchivedObject& object) {
     }
     const Value bytes = PV_TRY(object.objectForKey("NS.bytes"));
     if (bytes.data() != nullptr) {
+        PV_TRY(object.chargeKey(bytes.data()->view()));
         return Value(utf16FromUtf8Lossy(bytes.data()->view()));
     }
     if (bytes.string() != nullptr) {

@@ -104,6 +104,7 @@ Result<ArchivedClassNames> KeyedArchiveTable::classNames(std::uint64_t reference
         names.names.insert(names.names.begin(), std::move(*name));
     }
     for (const auto* strings : {&names.names, &names.hints}) {
+        PV_TRY(decoder.charge(strings->size()));
         for (const std::string& string : *strings) {
             PV_TRY(decoder.chargeKey(string));
         }

@@ -91,6 +91,10 @@ std::vector<AttributeRun> decodeRuns(const ArchivedObject& object, std::uint64_t
         return whole ? std::vector<AttributeRun>{{length, std::move(whole)}}
                      : std::vector<AttributeRun>();
     }
+    // Of a table that many texts share each makes runs of its own.
+    if (!object.chargeKey(table.value()->view())) {
+        return {};
+    }
     const auto sets = object.elementsForKey("NSAttributes");
     if (!sets || !sets.value()) {
         return {};

@@ -114,7 +114,7 @@ bool ZipWrapper::initWithStreamContents(InputStream* stream, Delegate withDelega
     }
     platform::Buffer buffer = platform::Buffer::zeroed(stackSize_);
     // The count is not looked at, by intention: what was not delivered stays zero.
-    stream->read(buffer.span());
+    (void)stream->read(buffer.span());
     stream->close();
     return initWithBytes(Data::adopt(std::move(buffer)), std::move(withDelegate));
 }

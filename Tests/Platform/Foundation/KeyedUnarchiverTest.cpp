@@ -267,6 +267,28 @@ TEST(KeyedUnarchiver, SharedObjectsAreDecodedOnce) {
     EXPECT_EQ(decode(b.finish(inner)).array()->size(), 10u);
 }
 
+TEST(KeyedUnarchiver, BytesThatManyStringsShareCountForEachOfThem) {
+    ArchiveBuilder b;
+    const Uid bytes = b.add(Data::copyOf(std::string(1000, 'x')));
+    const Uid type = b.addClass({"NSString", "NSObject"});
+    std::vector<Uid> strings;
+    for (int i = 0; i < 100; ++i) {
+        strings.push_back(b.addInstance(type, {{"NS.bytes", Value(bytes)}}));
+    }
+    EXPECT_EQ(failureOf(b.finish(b.addArray(strings))), "objects share their bytes");
+}
+
+TEST(KeyedUnarchiver, NamesThatManyClassesShareCountForEachOfThem) {
+    ArchiveBuilder b;
+    const Value names = Array(1000, u"Odd");
+    std::vector<Uid> objects;
+    for (int i = 0; i < 100; ++i) {
+        const Uid type = b.add(Dictionary{{"$classname", u"Odd"}, {"$classes", names}});
+        objects.push_back(b.addInstance(type, {}));
+    }
+    EXPECT_EQ(failureOf(b.finish(b.addArray(objects))), "objects share their bytes");
+}
+
 TEST(KeyedUnarchiver, EveryPrefixOfAGoodArchiveRaises) {
     const Data archive = samples::archiveOfText(u"A text of some length, with caf\u00E9.");
     for (std::size_t size = 0; size < archive.size(); ++size) {

@@ -178,6 +178,31 @@ TEST(AttributedStringCoding, MissingTextIsEmptyAndWrongTextRaises) {
     }
 }
 
+TEST(AttributedStringCoding, ARunTableThatManyTextsShareCountsForEachOfThem) {
+    constexpr std::size_t kRuns = 1000;
+    Sized sized;
+    ArchiveBuilder& b = sized.builder;
+    const Uid table = b.add(Data::copyOf(samples::runTable({kRuns, TextRun{1, 0}})));
+    const Dictionary fields{{"NSString", Value(b.add(std::u16string(kRuns, u'x')))},
+                            {"NSAttributes", Value(b.addArray({sized.set(10)}))},
+                            {"NSAttributeInfo", Value(table)}};
+    const Uid type = b.addClass({"NSAttributedString", "NSObject"});
+    std::vector<Uid> texts;
+    for (int i = 0; i < 100; ++i) {
+        texts.push_back(b.addInstance(type, fields));
+    }
+    const auto unarchiver = KeyedUnarchiver::initForReadingWithData(b.finish(b.addArray(texts)));
+    unarchiver->addClasses(attributedTextClasses());
+    std::size_t runs = 0;
+    for (const Value& value : *unarchiver->decodeObject().array()) {
+        const auto text = std::dynamic_pointer_cast<const AttributedString>(value.object());
+        ASSERT_EQ(text->length(), kRuns);
+        runs += text->runs().size();
+    }
+    EXPECT_GE(runs, kRuns) << "the first text has its runs";
+    EXPECT_LT(runs, 20 * kRuns);
+}
+
 TEST(AttributedStringCoding, TextKeepsNulAttachmentsAndLoneSurrogates) {
     const std::u16string odd = {u'a', 0, 0xFFFC, 0xD83D, u'z'};
     EXPECT_EQ(decode(samples::archiveOfText(odd))->string(), odd);

@@ -1,0 +1,41 @@
+// Writes the seeds that are made below the Fuzz folder that it is given.
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "Fuzz/Support/Seeds.h"
+
+namespace {
+
+bool write(const std::filesystem::path& folder, const std::vector<fuzz::Seed>& seeds) {
+    std::filesystem::create_directories(folder);
+    for (const fuzz::Seed& seed : seeds) {
+        std::ofstream file(folder / seed.name, std::ios::binary);
+        if (!(file << seed.contents.view() << std::flush)) {
+            std::cerr << folder / seed.name << ": cannot be written\n";
+            return false;
+        }
+    }
+    return true;
+}
+
+bool writeAll(const std::filesystem::path& top) {
+    const auto text = top / "Platform/Text/corpus";
+    return write(top / "Platform/Foundation/corpus/property_list_fuzz",
+                 fuzz::propertyListSeeds()) &&
+           write(text / "keyed_archive_fuzz", fuzz::keyedArchiveSeeds()) &&
+           write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
+           write(top / "Sources/CocoaExtensions/Zip/corpus/zip_fuzz", fuzz::zipSeeds()) &&
+           write(top / "Sources/Importer/corpus/importer_fuzz", fuzz::documentSeeds());
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::cerr << "usage: " << arguments[0] << " FUZZ-FOLDER\n";
+        return 2;
+    }
+    return writeAll(arguments[1]) ? 0 : 1;
+}
