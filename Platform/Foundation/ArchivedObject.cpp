@@ -1,15 +1,27 @@
 #include "Platform/Foundation/ArchivedObject.h"
 
+#include <charconv>
+#include <map>
 #include <utility>
 
 #include "Platform/Foundation/KeyedUnarchiverArchive.h"
-#include "Platform/Foundation/Unicode.h"
 
 namespace platform {
 namespace {
 
 Fault wrongType(std::string_view key, std::string_view wanted) {
     return {FaultCode::Malformed, std::string(key) + " that is no " + std::string(wanted)};
+}
+
+/// The number in a key such as "NS.object.3"; nothing when the key is another.
+std::optional<std::uint64_t> numberInKey(std::string_view key, std::string_view prefix) {
+    std::uint64_t number = 0;
+    if (!key.starts_with(prefix)) {
+        return std::nullopt;
+    }
+    const char* const end = key.data() + key.size();
+    const auto [stop, error] = std::from_chars(key.data() + prefix.size(), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -59,37 +71,67 @@ Result<std::optional<ArchivedObject::Elements>> ArchivedObject::elementsForKey(
         return std::optional<Elements>();
     }
     const KeyedArchiveTable& table = archive().table;
-    BinaryItem item = PV_TRY(table.list().itemAt(*number));
-    if (const auto reference = table.referenceOf(item)) {
-        item = PV_TRY(table.list().itemAt(PV_TRY(table.numberOfReference(*reference))));
-        if (item.kind != BinaryKind::Dictionary) {
-            return std::optional<Elements>();
-        }
-        // A dictionary has keys beside its objects; those are not elements.
-        const auto objects = PV_TRY(table.valueNumber(item, "NS.objects"));
-        const auto keys = PV_TRY(table.valueNumber(item, "NS.keys"));
-        if (!objects || keys) {
-            return std::optional<Elements>();
-        }
-        item = PV_TRY(table.list().itemAt(*objects));
+    const BinaryItem item = PV_TRY(table.list().itemAt(*number));
+    const auto reference = table.referenceOf(item);
+    if (!reference) {
+        return item.kind == BinaryKind::Array
+                   ? std::optional<Elements>(Elements(unarchiver_, item, depth_ + 1))
+                   : std::optional<Elements>();
     }
-    if (item.kind != BinaryKind::Array) {
+    const BinaryItem target =
+        PV_TRY(table.list().itemAt(PV_TRY(table.numberOfReference(*reference))));
+    if (target.kind != BinaryKind::Dictionary) {
         return std::optional<Elements>();
     }
-    return std::optional<Elements>(Elements(unarchiver_, item, depth_ + 1));
+    PV_TRY(charge(target.bytes.length));
+    const ArchivedObject array(unarchiver_, target, depth_ + 1);
+    // A dictionary has keys beside its objects; those are no elements.
+    if (array.containsValueForKey("NS.keys") || array.containsValueForKey("NS.key.0")) {
+        return std::optional<Elements>();
+    }
+    return std::optional<Elements>(PV_TRY(array.elements("NS.objects", "NS.object.")));
+}
+
+Result<ArchivedObject::Elements> ArchivedObject::elements(std::string_view key,
+                                                          std::string_view prefix) const {
+    const KeyedArchiveTable& table = archive().table;
+    Elements elements(unarchiver_, BinaryItem(), depth_ + 1);
+    if (const auto number = PV_TRY(valueNumberForKey(key))) {
+        elements.item_ = PV_TRY(table.list().itemAt(*number));
+        if (elements.item_.kind != BinaryKind::Array) {
+            return wrongType(key, "array");
+        }
+        return elements;
+    }
+    std::map<std::uint64_t, std::uint64_t> numbered;
+    for (std::uint64_t i = 0; i < item_.count; ++i) {
+        if (const auto number = numberInKey(PV_TRY(keyAt(i)), prefix)) {
+            numbered.insert_or_assign(*number, table.list().valueAt(item_, i));
+        }
+    }
+    elements.isNumbered_ = true;
+    for (const auto& [number, value] : numbered) {
+        if (number != elements.numbers_.size()) {
+            break;
+        }
+        elements.numbers_.push_back(value);
+    }
+    return elements;
 }
 
 Result<Value> ArchivedObject::Elements::objectAt(std::uint64_t position) const {
-    if (position >= item_.count) {
+    if (position >= count()) {
         return Fault{FaultCode::Malformed,
-                     "element " + std::to_string(position) + " of " + std::to_string(item_.count)};
+                     "element " + std::to_string(position) + " of " + std::to_string(count())};
     }
     KeyedUnarchiver::Archive& archive = *unarchiver_.archive_;
-    return archive.valueOfNumber(archive.table.list().elementAt(item_, position), depth_ + 1);
+    return archive.valueOfNumber(
+        isNumbered_ ? numbers_[position] : archive.table.list().elementAt(item_, position),
+        depth_ + 1);
 }
 
-Outcome ArchivedObject::chargeKey(std::string_view key) const {
-    return archive().decoder.chargeKey(key);
+Outcome ArchivedObject::charge(std::uint64_t count, std::uint64_t size) const {
+    return archive().budget.charge(count, size);
 }
 
 Result<Value> ArchivedObject::opaque() const {
@@ -97,14 +139,7 @@ Result<Value> ArchivedObject::opaque() const {
 }
 
 Result<std::string> ArchivedObject::keyAt(std::uint64_t position) const {
-    const BinaryPropertyList& list = archive().table.list();
-    const Value key = PV_TRY(archive().decoder.valueAt(list.keyAt(item_, position)));
-    auto text = key.utf8();
-    if (!text) {
-        return Fault{FaultCode::Malformed, "dictionary key that is no string"};
-    }
-    PV_TRY(chargeKey(*text));
-    return std::move(*text);
+    return archive().decoder.keyAt(archive().table.list().keyAt(item_, position));
 }
 
 Result<Value> ArchivedObject::valueAt(std::uint64_t position) const {

@@ -9,6 +9,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "Platform/Foundation/BinaryPropertyList.h"
 #include "Platform/Foundation/Data.h"
@@ -32,8 +34,8 @@ public:
     /// object.
     Result<Value> objectForKey(std::string_view key) const;
 
-    /// Returns the text under `key`: inline, or of an object that is a string. Nothing when there
-    /// is none or it is the null object; anything else is a Fault.
+    /// Returns the text under `key`: inline, or of an object that is a string. Null when there is
+    /// none or it is the null object; anything else is a Fault.
     Result<std::shared_ptr<const std::u16string>> stringForKey(std::string_view key) const;
 
     /// Returns the bytes under `key`: inline, or of an object that is data. Nothing when there are
@@ -43,7 +45,9 @@ public:
     /// The elements of an array, to be decoded one by one.
     class Elements {
     public:
-        [[nodiscard]] std::uint64_t count() const { return item_.count; }
+        [[nodiscard]] std::uint64_t count() const {
+            return isNumbered_ ? numbers_.size() : item_.count;
+        }
 
         /// Returns the element at `position`, null for the null object; a Fault when there is none.
         Result<Value> objectAt(std::uint64_t position) const;
@@ -56,18 +60,18 @@ public:
         KeyedUnarchiver& unarchiver_;
         BinaryItem item_;
         unsigned depth_;
+        /// Where the elements are fields of their own, the numbers of their values.
+        bool isNumbered_ = false;
+        std::vector<std::uint64_t> numbers_;
     };
 
-    /// Returns the elements of the array under `key`: inline, or of an object that keeps its
-    /// elements in one inline array, as arrays and sets do. Nothing when it is anything else.
+    /// Returns the elements of the array under `key`: inline, or of an object that is an array or
+    /// set. Nothing when there is no value or it is anything else.
     Result<std::optional<Elements>> elementsForKey(std::string_view key) const;
 
-    /// Counts what is made of a key, or of other bytes, that many objects may share against what
-    /// may be built in all.
-    Outcome chargeKey(std::string_view key) const;
-
-    /// Returns the object as an OpaqueObject.
-    Result<Value> opaque() const;
+    /// Returns this object's own elements: the inline array under `key`, or without one the fields
+    /// whose keys are `prefix` and a number, from 0 up to the first number that is missing.
+    Result<Elements> elements(std::string_view key, std::string_view prefix) const;
 
     /// Calls `receive(key, value)` for each field in the archive's order, "$class" left out. Stops
     /// at the first Fault and returns it.
@@ -81,6 +85,13 @@ public:
         }
         return done();
     }
+
+    /// Counts `count` things of `size` bytes that are made of fields which other objects may share
+    /// against what may be built in all.
+    Outcome charge(std::uint64_t count, std::uint64_t size = 1) const;
+
+    /// Returns the object as an OpaqueObject.
+    Result<Value> opaque() const;
 
 private:
     friend class KeyedUnarchiver;

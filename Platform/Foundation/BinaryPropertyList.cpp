@@ -12,6 +12,7 @@ namespace platform {
 namespace {
 
 constexpr std::string_view kSignature = "bplist";
+constexpr std::string_view kVersion = "0";  // the digit after it does not matter
 constexpr std::uint64_t kHeaderSize = 8;
 constexpr std::uint64_t kTrailerSize = 32;
 
@@ -55,6 +56,10 @@ std::uint64_t BinaryPropertyList::bigEndianAt(std::uint64_t offset, std::uint64_
 Result<BinaryPropertyList> BinaryPropertyList::open(Data data) {
     if (!hasSignature(data)) {
         return Fault{FaultCode::Malformed, "no binary property list"};
+    }
+    const std::string_view version = data.view().substr(kSignature.size(), 2);
+    if (!version.starts_with(kVersion)) {
+        return Fault{FaultCode::Unsupported, "binary property list of another version"};
     }
     const std::uint64_t size = data.size();
     if (size < kHeaderSize + 1 + kTrailerSize) {
@@ -235,15 +240,15 @@ Result<BinaryItem> BinaryPropertyList::countedAt(std::uint64_t offset, unsigned 
         return truncated("object of " + std::to_string(item.count) + " units", offset);
     }
     item.bytes = {start, item.count * unitSize};
-    if (item.kind == BinaryKind::AsciiString && !isAscii(bytesOf(item))) {
-        return malformed("string that is not ASCII", offset);
-    }
     return item;
 }
 
-std::u16string BinaryPropertyList::stringOf(const BinaryItem& item) const {
+Result<std::u16string> BinaryPropertyList::stringOf(const BinaryItem& item) const {
     const std::string_view bytes = bytesOf(item);
     if (item.kind == BinaryKind::AsciiString) {
+        if (!isAscii(bytes)) {
+            return malformed("string that is not ASCII", item.bytes.location);
+        }
         return utf16FromAscii(bytes);
     }
     std::u16string text(item.count, u'\0');

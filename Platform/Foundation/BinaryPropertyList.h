@@ -61,7 +61,7 @@ public:
     [[nodiscard]] std::size_t size() const { return data_.size(); }
 
     /// Returns the object with number `index`, which must be below objectCount() or is a Fault. The
-    /// object's own bytes lie within the data; the objects that it refers to are not looked at.
+    /// object's own bytes lie within the data; what is in them is not looked at.
     Result<BinaryItem> itemAt(std::uint64_t index) const;
 
     /// Returns the number of an array's element.
@@ -92,8 +92,10 @@ public:
         return data_.subdataWithRange(item.bytes);
     }
 
-    /// The text of a string object. Requires: the item is a string.
-    [[nodiscard]] std::u16string stringOf(const BinaryItem& item) const;
+    /// Returns the text of a string object, a Fault when its bytes are not what it says.
+    ///
+    /// Requires: the item is a string.
+    Result<std::u16string> stringOf(const BinaryItem& item) const;
 
     /// Whether a string object's text equals `ascii`. False for other objects.
     [[nodiscard]] bool equalsAscii(const BinaryItem& item, std::string_view ascii) const;

@@ -1,9 +1,6 @@
 #include "Platform/Foundation/FoundationCoding.h"
 
-#include <charconv>
 #include <cstdint>
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,7 +20,7 @@ Result<Value> decodeString(const ArchivedObject& object) {
     }
     const Value bytes = PV_TRY(object.objectForKey("NS.bytes"));
     if (bytes.data() != nullptr) {
-        PV_TRY(object.chargeKey(bytes.data()->view()));
+        PV_TRY(object.charge(bytes.data()->size(), sizeof(char16_t)));
         return Value(utf16FromUtf8Lossy(bytes.data()->view()));
     }
     if (bytes.string() != nullptr) {
@@ -55,86 +52,42 @@ Result<Value> decodeDate(const ArchivedObject& object) {
     return Fault{FaultCode::Malformed, "date without a time"};
 }
 
-/// Puts numbered fields such as "NS.object.3" in the order of their numbers.
-class NumberedFields {
-public:
-    void add(std::string_view key, std::string_view prefix, const Value& value) {
-        std::uint64_t number = 0;
-        if (!key.starts_with(prefix)) {
-            return;
-        }
-        const char* const end = key.data() + key.size();
-        const auto [stop, error] = std::from_chars(key.data() + prefix.size(), end, number);
-        if (error == std::errc() && stop == end) {
-            values_.insert_or_assign(number, value);
-        }
+/// Decodes all elements of an array.
+Result<Array> decodeElements(const ArchivedObject& object,
+                             const ArchivedObject::Elements& elements) {
+    PV_TRY(object.charge(elements.count(), sizeof(Value)));
+    Array array;
+    array.reserve(elements.count());
+    for (std::uint64_t i = 0; i < elements.count(); ++i) {
+        array.push_back(PV_TRY(elements.objectAt(i)));
     }
-
-    /// The values from 0 up to the first number that is missing.
-    Array inOrder() const {
-        Array array;
-        for (const auto& [number, value] : values_) {
-            if (number != array.size()) {
-                break;
-            }
-            array.push_back(value);
-        }
-        return array;
-    }
-
-private:
-    std::map<std::uint64_t, Value> values_;
-};
-
-/// An array's elements, which stand in one inline array or in numbered fields.
-Result<Array> arrayElements(const ArchivedObject& object) {
-    const Value objects = PV_TRY(object.objectForKey("NS.objects"));
-    if (objects.array() != nullptr) {
-        return *objects.array();
-    }
-    if (!objects.isNull()) {
-        return Fault{FaultCode::Malformed, "NS.objects that is no array"};
-    }
-    NumberedFields elements;
-    PV_TRY(object.forEachField([&](const std::string& key, const Value& value) {
-        elements.add(key, "NS.object.", value);
-    }));
-    return elements.inOrder();
+    return array;
 }
 
 Result<Value> decodeArray(const ArchivedObject& object) {
-    return Value(PV_TRY(arrayElements(object)));
-}
-
-Result<Array> dictionaryKeys(const ArchivedObject& object) {
-    const Value keys = PV_TRY(object.objectForKey("NS.keys"));
-    if (keys.array() != nullptr) {
-        return *keys.array();
-    }
-    NumberedFields numbered;
-    PV_TRY(object.forEachField(
-        [&](const std::string& key, const Value& value) { numbered.add(key, "NS.key.", value); }));
-    return numbered.inOrder();
+    const auto elements = PV_TRY(object.elements("NS.objects", "NS.object."));
+    return Value(PV_TRY(decodeElements(object, elements)));
 }
 
 /// Keys other than strings are legal but not a property list's: such a dictionary stays opaque.
 Result<Value> decodeDictionary(const ArchivedObject& object) {
-    const Array keys = PV_TRY(dictionaryKeys(object));
-    Array values = PV_TRY(arrayElements(object));
-    if (keys.size() != values.size()) {
-        return Fault{FaultCode::Malformed, "dictionary of " + std::to_string(keys.size()) +
-                                               " keys and " + std::to_string(values.size()) +
+    const auto keys = PV_TRY(object.elements("NS.keys", "NS.key."));
+    const auto values = PV_TRY(object.elements("NS.objects", "NS.object."));
+    if (keys.count() != values.count()) {
+        return Fault{FaultCode::Malformed, "dictionary of " + std::to_string(keys.count()) +
+                                               " keys and " + std::to_string(values.count()) +
                                                " values"};
     }
+    PV_TRY(object.charge(keys.count(), sizeof(Dictionary::Entry)));
     std::vector<Dictionary::Entry> entries;
-    entries.reserve(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        auto key = keys[i].utf8();
+    entries.reserve(keys.count());
+    for (std::uint64_t i = 0; i < keys.count(); ++i) {
+        auto key = PV_TRY(keys.objectAt(i)).utf8();
         if (!key) {
             return object.opaque();
         }
-        PV_TRY(object.chargeKey(*key));
-        entries.emplace_back(std::move(*key), std::move(values[i]));
+        PV_TRY(object.charge(key->size()));
+        entries.emplace_back(std::move(*key), PV_TRY(values.objectAt(i)));
     }
     return Value(Dictionary(std::move(entries)));
 }

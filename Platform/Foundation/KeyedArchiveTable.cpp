@@ -16,13 +16,18 @@ Result<BinaryPropertyList> openInEitherForm(const Data& data) {
     return BinaryPropertyList::open(PV_TRY(binaryPropertyListData(value)));
 }
 
-std::vector<std::string> stringsIn(const Value& value) {
+/// The strings in an array value, copied.
+Result<std::vector<std::string>> stringsIn(const Value& value, BuildBudget& budget) {
     std::vector<std::string> strings;
-    if (const Array* const array = value.array()) {
-        for (const Value& element : *array) {
-            if (auto text = element.utf8()) {
-                strings.push_back(std::move(*text));
-            }
+    const Array* const array = value.array();
+    if (array == nullptr) {
+        return strings;
+    }
+    PV_TRY(budget.charge(array->size(), sizeof(std::string)));
+    for (const Value& element : *array) {
+        if (auto text = element.utf8()) {
+            PV_TRY(budget.charge(text->size()));
+            strings.push_back(std::move(*text));
         }
     }
     return strings;
@@ -90,24 +95,16 @@ Result<std::optional<std::uint64_t>> KeyedArchiveTable::valueNumber(const Binary
     return std::optional<std::uint64_t>();
 }
 
-Result<ArchivedClassNames> KeyedArchiveTable::classNames(std::uint64_t reference,
-                                                         PropertyListDecoder& decoder) const {
-    const Value entry = PV_TRY(decoder.valueAt(PV_TRY(numberOfReference(reference))));
+Result<ArchivedClassNames> KeyedArchiveTable::classNames(const Value& entry, BuildBudget& budget) {
     const Dictionary* const fields = entry.dictionary();
     auto name = fields != nullptr ? (*fields)["$classname"].utf8() : std::nullopt;
     if (!name) {
-        return Fault{FaultCode::Malformed,
-                     "object " + std::to_string(reference) + " that is no class"};
+        return Fault{FaultCode::Malformed, "$class that leads to no class"};
     }
-    ArchivedClassNames names{stringsIn((*fields)["$classes"]), stringsIn((*fields)["$classhints"])};
+    ArchivedClassNames names{PV_TRY(stringsIn((*fields)["$classes"], budget)),
+                             PV_TRY(stringsIn((*fields)["$classhints"], budget))};
     if (names.names.empty() || names.names.front() != *name) {
         names.names.insert(names.names.begin(), std::move(*name));
-    }
-    for (const auto* strings : {&names.names, &names.hints}) {
-        PV_TRY(decoder.charge(strings->size()));
-        for (const std::string& string : *strings) {
-            PV_TRY(decoder.chargeKey(string));
-        }
     }
     return names;
 }

@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "Platform/Foundation/BinaryPropertyList.h"
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
-#include "Platform/Foundation/PropertyListDecoder.h"
 #include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
 
@@ -47,10 +47,8 @@ public:
     Result<std::optional<std::uint64_t>> valueNumber(const BinaryItem& dictionary,
                                                      std::string_view key) const;
 
-    /// Returns the names in the class entry that `reference` names; a Fault when it is none.
-    /// What is built is charged to `decoder`.
-    Result<ArchivedClassNames> classNames(std::uint64_t reference,
-                                          PropertyListDecoder& decoder) const;
+    /// Returns the names that a class entry states; a Fault when the value is none.
+    static Result<ArchivedClassNames> classNames(const Value& entry, BuildBudget& budget);
 
 private:
     explicit KeyedArchiveTable(BinaryPropertyList list) : list_(std::move(list)) {}

@@ -1,5 +1,6 @@
 #include "Platform/Foundation/KeyedUnarchiver.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -26,9 +27,18 @@ bool isContainer(const BinaryItem& item) {
 
 KeyedUnarchiver::Archive::Archive(KeyedUnarchiver& unarchiver, KeyedArchiveTable archiveTable)
     : table(std::move(archiveTable)),
-      decoder(table.list()),
-      unarchiver_(unarchiver),
-      places_(table.objectCount()) {
+      budget(table.list().size()),
+      decoder(table.list(), budget),
+      unarchiver_(unarchiver) {
+}
+
+Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
+    if (depth > kMaxArchiveDepth) {
+        return Fault{FaultCode::TooDeep,
+                     "nested deeper than " + std::to_string(kMaxArchiveDepth) + " levels"};
+    }
+    deepest_ = std::max(deepest_, depth);
+    return done();
 }
 
 Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsigned depth) {
@@ -40,28 +50,22 @@ Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsi
 }
 
 Result<Value> KeyedUnarchiver::Archive::inlineContainer(const BinaryItem& item, unsigned depth) {
-    if (depth >= kMaxArchiveDepth) {
-        return Fault{FaultCode::TooDeep, "values nested too deep"};
-    }
-    PV_TRY(decoder.charge(item.bytes.length));
+    PV_TRY(reach(depth));
+    const BinaryPropertyList& list = table.list();
     if (item.kind == BinaryKind::Array) {
+        PV_TRY(budget.charge(item.count + 1, sizeof(Value)));
         Array array;
         array.reserve(item.count);
         for (std::uint64_t i = 0; i < item.count; ++i) {
-            array.push_back(PV_TRY(valueOfNumber(table.list().elementAt(item, i), depth + 1)));
+            array.push_back(PV_TRY(valueOfNumber(list.elementAt(item, i), depth + 1)));
         }
         return Value(std::move(array));
     }
+    PV_TRY(budget.charge(item.count + 1, sizeof(Dictionary::Entry)));
     Dictionary dictionary;
     for (std::uint64_t i = 0; i < item.count; ++i) {
-        const Value key = PV_TRY(decoder.valueAt(table.list().keyAt(item, i)));
-        auto name = key.utf8();
-        if (!name) {
-            return Fault{FaultCode::Malformed, "dictionary key that is no string"};
-        }
-        PV_TRY(decoder.chargeKey(*name));
-        dictionary.set(std::move(*name),
-                       PV_TRY(valueOfNumber(table.list().valueAt(item, i), depth + 1)));
+        std::string key = PV_TRY(decoder.keyAt(list.keyAt(item, i)));
+        dictionary.set(std::move(key), PV_TRY(valueOfNumber(list.valueAt(item, i), depth + 1)));
     }
     return Value(std::move(dictionary));
 }
@@ -70,45 +74,72 @@ Result<Value> KeyedUnarchiver::Archive::objectOfReference(std::uint64_t referenc
     if (reference == 0) {
         return Value();
     }
-    // Checks that the reference lies in the table.
-    PV_TRY(table.numberOfReference(reference));
-    if (const std::uint32_t place = places_[reference]) {
-        const Slot& slot = slots_[place - 1];
-        if (slot.value) {
-            return *slot.value;
-        }
-        if (!slot.unfinished.expired()) {
-            return Value(std::make_shared<const BackReference>(slot.unfinished));
-        }
-        return Fault{FaultCode::Cyclic, "object " + std::to_string(reference) + " contains itself"};
+    const std::uint64_t number = PV_TRY(table.numberOfReference(reference));
+    const auto [slot, isNew] = slots_.try_emplace(number);
+    if (!isNew) {
+        return known(slot->second, reference, depth);
     }
-    if (depth >= kMaxArchiveDepth) {
-        return Fault{FaultCode::TooDeep,
-                     "objects nested deeper than " + std::to_string(kMaxArchiveDepth) + " levels"};
-    }
-    slots_.emplace_back();
-    const auto place = static_cast<std::uint32_t>(slots_.size());
-    places_[reference] = place;
-    open_.push_back(place);
-    auto value = objectAt(reference, depth);
-    open_.pop_back();
-    if (!value) {
-        places_[reference] = 0;
+    auto value = decode(number, reference, depth);
+    if (value) {
+        slots_[number].value = value.value();
+        slots_[number].unfinished.reset();
         return value;
     }
-    slots_[place - 1] = {value.value(), {}};
+    // Cycles and depth depend on the way that led here; other damage stays.
+    const FaultCode code = value.fault().code;
+    if (code == FaultCode::Cyclic || code == FaultCode::TooDeep) {
+        slots_.erase(number);
+    } else {
+        slots_[number].damage = value.fault();
+    }
     return value;
 }
 
-Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t reference, unsigned depth) {
-    const std::uint64_t number = PV_TRY(table.numberOfReference(reference));
+Result<Value> KeyedUnarchiver::Archive::known(const Slot& slot, std::uint64_t reference,
+                                              unsigned depth) {
+    if (slot.damage) {
+        return *slot.damage;
+    }
+    if (slot.value) {
+        PV_TRY(reach(depth + slot.height));
+        return *slot.value;
+    }
+    if (!slot.unfinished.expired()) {
+        return Value(std::make_shared<const BackReference>(slot.unfinished));
+    }
+    return Fault{FaultCode::Cyclic, "object " + std::to_string(reference) + " contains itself",
+                 true};
+}
+
+/// Decodes an object that was not decoded before, measures its height and names it in its faults.
+Result<Value> KeyedUnarchiver::Archive::decode(std::uint64_t number, std::uint64_t reference,
+                                               unsigned depth) {
+    const unsigned outerDeepest = std::exchange(deepest_, depth);
+    open_.push_back(number);
+    auto value = objectAt(number, depth);
+    open_.pop_back();
+    slots_[number].height = deepest_ - depth;
+    deepest_ = std::max(outerDeepest, deepest_);
+    if (!value && !value.fault().isPlaced) {
+        return Fault{value.fault().code,
+                     "object " + std::to_string(reference) + ": " + value.fault().detail, true};
+    }
+    return value;
+}
+
+Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t number, unsigned depth) {
+    PV_TRY(reach(depth));
     const BinaryItem item = PV_TRY(table.list().itemAt(number));
     if (const auto target = table.referenceOf(item)) {
         return objectOfReference(*target, depth + 1);
     }
     if (item.kind == BinaryKind::Dictionary) {
+        PV_TRY(budget.charge(item.bytes.length));
         const Class* const type = PV_TRY(classOf(item));
-        return type != nullptr ? instance(*type, item, depth) : decoder.valueAt(number);
+        return type != nullptr ? instance(*type, item, depth) : inlineContainer(item, depth);
+    }
+    if (item.kind == BinaryKind::Array) {
+        return inlineContainer(item, depth);
     }
     // An object that was archived only if others need it leaves a second null entry.
     return table.list().equalsAscii(item, kNullName) ? Value() : decoder.valueAt(number);
@@ -116,17 +147,15 @@ Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t reference, unsign
 
 Result<Value> KeyedUnarchiver::Archive::instance(const Class& type, const BinaryItem& item,
                                                  unsigned depth) {
-    PV_TRY(decoder.charge(item.bytes.length));
     const ArchivedObject object(unarchiver_, item, depth);
     return type.decode != nullptr ? type.decode(object) : opaqueObject(object, item);
 }
 
 Result<Value> KeyedUnarchiver::Archive::opaqueObject(const ArchivedObject& object,
                                                      const BinaryItem& item) {
+    PV_TRY(budget.charge(item.count, sizeof(Dictionary::Entry)));
     const auto opaque = std::make_shared<OpaqueObject>();
-    if (!open_.empty()) {
-        slots_[open_.back() - 1].unfinished = opaque;
-    }
+    slots_[open_.back()].unfinished = opaque;
     if (const Class* const type = PV_TRY(classOf(item))) {
         opaque->type = type->names;
     }
@@ -138,28 +167,29 @@ Result<Value> KeyedUnarchiver::Archive::opaqueObject(const ArchivedObject& objec
 
 Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classOf(
     const BinaryItem& item) {
-    const auto number = PV_TRY(table.valueNumber(item, "$class"));
-    if (!number) {
+    const auto field = PV_TRY(table.valueNumber(item, "$class"));
+    if (!field) {
         return nullptr;
     }
-    const auto reference = table.referenceOf(PV_TRY(table.list().itemAt(*number)));
+    const auto reference = table.referenceOf(PV_TRY(table.list().itemAt(*field)));
     if (!reference) {
         return Fault{FaultCode::Malformed, "$class that is no reference"};
     }
-    if (const auto known = classes_.find(*reference); known != classes_.end()) {
-        return &known->second;
+    const std::uint64_t number = PV_TRY(table.numberOfReference(*reference));
+    if (const auto found = classes_.find(number); found != classes_.end()) {
+        return &found->second;
     }
+    auto names = PV_TRY(KeyedArchiveTable::classNames(PV_TRY(decoder.valueAt(number)), budget));
     Class type;
-    auto names = PV_TRY(table.classNames(*reference, decoder));
     type.decode = decoderFor(names);
     type.names = std::make_shared<const ArchivedClassNames>(std::move(names));
-    return &classes_.emplace(*reference, std::move(type)).first->second;
+    return &classes_.emplace(number, std::move(type)).first->second;
 }
 
 ObjectDecoder KeyedUnarchiver::Archive::decoderFor(const ArchivedClassNames& names) const {
     const auto find = [&](std::string_view name) {
-        const auto known = knownClasses.find(name);
-        return known != knownClasses.end() ? known->second : nullptr;
+        const auto found = knownClasses.find(name);
+        return found != knownClasses.end() ? found->second : nullptr;
     };
     // The class itself, then what its writer suggests instead, then the nearest superclass.
     ObjectDecoder decode = find(names.names.front());

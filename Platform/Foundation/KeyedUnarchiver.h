@@ -5,7 +5,7 @@
 // OpaqueObjects, so that an unknown attribute never costs a person the text that carries it.
 // Hostile archives end in a Fault or an UnarchiveException: cycles, references out of range and
 // wrong types are found, nesting is bounded, and what is decoded is bounded by the archive's size.
-// One thread at a time.
+// One thread at a time; it needs some 512 KiB of stack.
 
 #pragma once
 
@@ -43,7 +43,7 @@ struct ArchivedClassNames {
 };
 
 /// How deep archived objects may nest.
-inline constexpr unsigned kMaxArchiveDepth = 256;
+inline constexpr unsigned kMaxArchiveDepth = 128;
 
 /// One archive while it is being read.
 class KeyedUnarchiver {

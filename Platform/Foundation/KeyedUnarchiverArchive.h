@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "Platform/Foundation/ArchivedObject.h"
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/KeyedArchiveTable.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/PropertyListDecoder.h"
@@ -42,30 +43,38 @@ public:
     Result<Value> opaqueObject(const ArchivedObject& object, const BinaryItem& item);
 
     const KeyedArchiveTable table;
+    BuildBudget budget;
     PropertyListDecoder decoder;
     std::unordered_map<std::string_view, ObjectDecoder> knownClasses;
     std::uint64_t nextUnkeyed = 0;
 
 private:
-    /// An object of the table: decoded, or being decoded.
+    /// An object of the table: decoded, damaged, or (neither) being decoded.
     struct Slot {
         std::optional<Value> value;
+        std::optional<Fault> damage;
+        /// How many levels of objects and containers are below a decoded object.
+        unsigned height = 0;
         /// The object itself while its fields are being decoded, if it is opaque.
         std::weak_ptr<const OpaqueObject> unfinished;
     };
 
-    Result<Value> objectAt(std::uint64_t reference, unsigned depth);
+    Result<Value> known(const Slot& slot, std::uint64_t reference, unsigned depth);
+    Result<Value> decode(std::uint64_t number, std::uint64_t reference, unsigned depth);
+    Result<Value> objectAt(std::uint64_t number, unsigned depth);
     Result<Value> instance(const Class& type, const BinaryItem& item, unsigned depth);
     Result<Value> inlineContainer(const BinaryItem& item, unsigned depth);
+    Outcome reach(unsigned depth);
     ObjectDecoder decoderFor(const ArchivedClassNames& names) const;
 
     KeyedUnarchiver& unarchiver_;
+    /// By the numbers of their entries in the property list, as are the slots.
     std::unordered_map<std::uint64_t, Class> classes_;
-    /// For each object of the table, 0 or one more than the place of its slot.
-    std::vector<std::uint32_t> places_;
-    std::vector<Slot> slots_;
-    /// The slots of the objects that are being decoded, innermost last.
-    std::vector<std::uint32_t> open_;
+    std::unordered_map<std::uint64_t, Slot> slots_;
+    /// The objects that are being decoded, innermost last.
+    std::vector<std::uint64_t> open_;
+    /// The deepest level reached by the object that is being decoded.
+    unsigned deepest_ = 0;
 };
 
 }  // namespace platform

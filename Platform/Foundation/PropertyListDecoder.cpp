@@ -9,88 +9,99 @@
 namespace platform {
 namespace {
 
-// A list whose objects do not overlap needs one size; readers that decode an object in two ways
-// need a little more.
-constexpr std::uint64_t kBuildFactor = 4;
-
-// Dictionaries keep keys of their own: of a long key that many of them share, what goes beyond this
-// counts each time.
-constexpr std::uint64_t kFreeKeyBytes = 32;
+/// What a container or a string takes beside its contents, roughly.
+constexpr std::uint64_t kObjectSize = 64;
 
 bool isContainer(const BinaryItem& item) {
     return item.kind == BinaryKind::Array || item.kind == BinaryKind::Dictionary;
 }
 
+Fault tooDeep() {
+    return {FaultCode::TooDeep,
+            "nested deeper than " + std::to_string(kMaxPropertyListDepth) + " levels"};
+}
+
 }  // namespace
 
-PropertyListDecoder::PropertyListDecoder(const BinaryPropertyList& list)
-    : list_(list), remaining_(list.size() * kBuildFactor) {
-}
-
-Outcome PropertyListDecoder::charge(std::uint64_t bytes) {
-    if (bytes > remaining_) {
-        return Fault{FaultCode::Malformed, "objects share their bytes"};
-    }
-    remaining_ -= bytes;
-    return done();
-}
-
-Outcome PropertyListDecoder::chargeKey(std::string_view key) {
-    return charge(key.size() - std::min<std::uint64_t>(key.size(), kFreeKeyBytes));
+PropertyListDecoder::PropertyListDecoder(const BinaryPropertyList& list, BuildBudget& budget)
+    : list_(list), budget_(budget) {
 }
 
 Result<Value> PropertyListDecoder::valueAt(std::uint64_t index) {
-    return build(index, 0);
+    return PV_TRY(build(index, 0)).value;
 }
 
-Result<Value> PropertyListDecoder::build(std::uint64_t index, unsigned depth) {
-    if (depth > kMaxPropertyListDepth) {
-        return Fault{FaultCode::TooDeep,
-                     "nested deeper than " + std::to_string(kMaxPropertyListDepth) + " levels"};
+Result<std::string> PropertyListDecoder::keyAt(std::uint64_t index) {
+    auto key = PV_TRY(valueAt(index)).utf8();
+    if (!key) {
+        return Fault{FaultCode::Malformed, "dictionary key that is no string"};
     }
-    if (const auto known = values_.find(index); known != values_.end()) {
+    PV_TRY(budget_.charge(key->size()));
+    return std::move(*key);
+}
+
+Result<PropertyListDecoder::Built> PropertyListDecoder::build(std::uint64_t index, unsigned depth) {
+    if (const auto known = built_.find(index); known != built_.end()) {
         if (!known->second) {
             return Fault{FaultCode::Cyclic, "object " + std::to_string(index) + " contains itself"};
         }
+        if (depth + known->second->height > kMaxPropertyListDepth) {
+            return tooDeep();
+        }
         return *known->second;
     }
+    if (depth > kMaxPropertyListDepth) {
+        return tooDeep();
+    }
     const BinaryItem item = PV_TRY(list_.itemAt(index));
-    PV_TRY(charge(item.bytes.length));
     if (!isContainer(item)) {
-        Value value = PV_TRY(scalar(item));
+        Built built{PV_TRY(scalar(item)), 0};
         // Small scalars are made again as cheaply as they are found again.
         if (item.bytes.length > 0) {
-            values_.emplace(index, value);
+            built_.emplace(index, built);
         }
-        return value;
+        return built;
     }
-    values_.emplace(index, std::nullopt);
-    Value value = PV_TRY(buildContainer(item, depth));
-    values_[index] = value;
-    return value;
+    built_.emplace(index, std::nullopt);
+    auto built =
+        item.kind == BinaryKind::Array ? buildArray(item, depth) : buildDictionary(item, depth);
+    if (!built) {
+        built_.erase(index);
+        return built;
+    }
+    built_[index] = built.value();
+    return built;
 }
 
-Result<Value> PropertyListDecoder::buildContainer(const BinaryItem& item, unsigned depth) {
-    if (item.kind == BinaryKind::Array) {
-        Array array;
-        array.reserve(item.count);
-        for (std::uint64_t i = 0; i < item.count; ++i) {
-            array.push_back(PV_TRY(build(list_.elementAt(item, i), depth + 1)));
-        }
-        return Value(std::move(array));
+Result<PropertyListDecoder::Built> PropertyListDecoder::buildArray(const BinaryItem& item,
+                                                                   unsigned depth) {
+    PV_TRY(budget_.charge(kObjectSize));
+    PV_TRY(budget_.charge(item.count, sizeof(Value)));
+    Array array;
+    array.reserve(item.count);
+    unsigned height = 0;
+    for (std::uint64_t i = 0; i < item.count; ++i) {
+        Built element = PV_TRY(build(list_.elementAt(item, i), depth + 1));
+        height = std::max(height, element.height + 1);
+        array.push_back(std::move(element.value));
     }
+    return Built{Value(std::move(array)), height};
+}
+
+Result<PropertyListDecoder::Built> PropertyListDecoder::buildDictionary(const BinaryItem& item,
+                                                                        unsigned depth) {
+    PV_TRY(budget_.charge(kObjectSize));
+    PV_TRY(budget_.charge(item.count, sizeof(Dictionary::Entry)));
     std::vector<Dictionary::Entry> entries;
     entries.reserve(item.count);
+    unsigned height = 0;
     for (std::uint64_t i = 0; i < item.count; ++i) {
-        const Value key = PV_TRY(build(list_.keyAt(item, i), depth + 1));
-        auto name = key.utf8();
-        if (!name) {
-            return Fault{FaultCode::Malformed, "dictionary key that is no string"};
-        }
-        PV_TRY(chargeKey(*name));
-        entries.emplace_back(std::move(*name), PV_TRY(build(list_.valueAt(item, i), depth + 1)));
+        std::string key = PV_TRY(keyAt(list_.keyAt(item, i)));
+        Built value = PV_TRY(build(list_.valueAt(item, i), depth + 1));
+        height = std::max(height, value.height + 1);
+        entries.emplace_back(std::move(key), std::move(value.value));
     }
-    return Value(Dictionary(std::move(entries)));
+    return Built{Value(Dictionary(std::move(entries))), height};
 }
 
 Result<Value> PropertyListDecoder::scalar(const BinaryItem& item) {
@@ -110,7 +121,9 @@ Result<Value> PropertyListDecoder::scalar(const BinaryItem& item) {
         case BinaryKind::Uid:
             return Value(Uid{item.bits});
         default:
-            return Value(list_.stringOf(item));
+            PV_TRY(budget_.charge(kObjectSize));
+            PV_TRY(budget_.charge(item.count, sizeof(char16_t)));
+            return Value(PV_TRY(list_.stringOf(item)));
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "Platform/Foundation/BinaryPropertyList.h"
 #include "Platform/Foundation/BinaryPropertyListWriter.h"
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/PropertyListDecoder.h"
 #include "Platform/Foundation/XmlPropertyList.h"
 
@@ -14,7 +15,8 @@ Result<Value> PropertyListSerialization::propertyListWithData(const Data& data) 
         return valueFromXml(data);
     }
     const BinaryPropertyList list = PV_TRY(BinaryPropertyList::open(data));
-    return PropertyListDecoder(list).valueAt(list.topObject());
+    BuildBudget budget(list.size());
+    return PropertyListDecoder(list, budget).valueAt(list.topObject());
 }
 
 Result<Data> PropertyListSerialization::dataWithPropertyList(const Value& propertyList,

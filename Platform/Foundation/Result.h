@@ -26,6 +26,8 @@ enum class FaultCode {
 struct Fault {
     FaultCode code;
     std::string detail;
+    /// Whether the detail already names the part of the input that is at fault.
+    bool isPlaced = false;
 };
 
 /// A value or a Fault.

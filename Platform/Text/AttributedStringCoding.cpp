@@ -91,8 +91,8 @@ std::vector<AttributeRun> decodeRuns(const ArchivedObject& object, std::uint64_t
         return whole ? std::vector<AttributeRun>{{length, std::move(whole)}}
                      : std::vector<AttributeRun>();
     }
-    // Of a table that many texts share each makes runs of its own.
-    if (!object.chargeKey(table.value()->view())) {
+    // Of a table that many texts share each makes runs of its own, one of two bytes at least.
+    if (!object.charge(table.value()->size() / 2, sizeof(AttributeRun))) {
         return {};
     }
     const auto sets = object.elementsForKey("NSAttributes");

@@ -228,11 +228,12 @@ TEST(KeyedUnarchiver, DamageIsRaisedAndNamed) {
         {"objects of another kind", propertyList(listObjects), "$objects that is no array"},
         {"root outside of the table", good.finish(Uid{41}), "reference 41 of 1"},
         {"array that contains itself", cyclic.finish(loop), "object 2 contains itself"},
-        {"uneven dictionary", pairs.finish(uneven), "dictionary of 1 keys and 0 values"},
-        {"class that is none", classes.finish(notAClass), "object 1 that is no class"},
-        {"class outside of the table", classes.finish(farClass), "reference 88 of 7"},
-        {"class inline", classes.finish(inlineClass), "$class that is no reference"},
-        {"date without a time", classes.finish(noDate), "date without a time"},
+        {"uneven dictionary", pairs.finish(uneven), "object 3: dictionary of 1 keys and 0 values"},
+        {"class that is none", classes.finish(notAClass),
+         "object 2: $class that leads to no class"},
+        {"class outside of the table", classes.finish(farClass), "object 3: reference 88 of 7"},
+        {"class inline", classes.finish(inlineClass), "object 4: $class that is no reference"},
+        {"object 6: date without a time", classes.finish(noDate), "object 6: date without a time"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -240,14 +241,27 @@ TEST(KeyedUnarchiver, DamageIsRaisedAndNamed) {
     }
 }
 
-TEST(KeyedUnarchiver, NestingIsBounded) {
+TEST(KeyedUnarchiver, NestingIsBoundedWhicheverEndIsDecodedFirst) {
+    for (const bool innerFirst : {false, true}) {
+        ArchiveBuilder b;
+        std::vector<Uid> arrays{b.add(u"x")};
+        const Uid type = b.addClass({"NSArray", "NSObject"});
+        for (int i = 0; i < 20000; ++i) {
+            arrays.push_back(
+                b.addInstance(type, {{"NS.objects", Value(Array{Value(arrays.back())})}}));
+        }
+        if (!innerFirst) {
+            arrays = {arrays.back()};
+        }
+        const std::string failure = failureOf(b.finish(b.addArray(arrays)));
+        EXPECT_NE(failure.find(": nested deeper than 128 levels"), std::string::npos) << failure;
+    }
     ArchiveBuilder b;
     Uid inner = b.add(u"x");
-    const Uid type = b.addClass({"NSArray", "NSObject"});
-    for (int i = 0; i < 5000; ++i) {
-        inner = b.addInstance(type, {{"NS.objects", Value(Array{Value(inner)})}});
+    for (int i = 0; i < 60; ++i) {
+        inner = b.addArray({inner});
     }
-    EXPECT_EQ(failureOf(b.finish(inner)), "objects nested deeper than 256 levels");
+    EXPECT_EQ(failureOf(b.finish(inner)), "") << "what people nest is far from the bound";
 }
 
 TEST(KeyedUnarchiver, ReferencesToReferencesEnd) {
@@ -269,13 +283,14 @@ TEST(KeyedUnarchiver, SharedObjectsAreDecodedOnce) {
 
 TEST(KeyedUnarchiver, BytesThatManyStringsShareCountForEachOfThem) {
     ArchiveBuilder b;
-    const Uid bytes = b.add(Data::copyOf(std::string(1000, 'x')));
+    const Uid bytes = b.add(Data::copyOf(std::string(20000, 'x')));
     const Uid type = b.addClass({"NSString", "NSObject"});
     std::vector<Uid> strings;
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 200; ++i) {
         strings.push_back(b.addInstance(type, {{"NS.bytes", Value(bytes)}}));
     }
-    EXPECT_EQ(failureOf(b.finish(b.addArray(strings))), "objects share their bytes");
+    const std::string failure = failureOf(b.finish(b.addArray(strings)));
+    EXPECT_NE(failure.find(": holds more than 64 times its size"), std::string::npos) << failure;
 }
 
 TEST(KeyedUnarchiver, NamesThatManyClassesShareCountForEachOfThem) {
@@ -286,7 +301,38 @@ TEST(KeyedUnarchiver, NamesThatManyClassesShareCountForEachOfThem) {
         const Uid type = b.add(Dictionary{{"$classname", u"Odd"}, {"$classes", names}});
         objects.push_back(b.addInstance(type, {}));
     }
-    EXPECT_EQ(failureOf(b.finish(b.addArray(objects))), "objects share their bytes");
+    const std::string failure = failureOf(b.finish(b.addArray(objects)));
+    EXPECT_NE(failure.find(": holds more than 64 times its size"), std::string::npos) << failure;
+}
+
+TEST(KeyedUnarchiver, ManyReferencesToOneClassCostNothing) {
+    // Every instance names its class through an entry of its own that holds one and the same class.
+    ArchiveBuilder b;
+    const Value type = Dictionary{{"$classname", u"Odd"}, {"$classes", Value(Array(100, u"Odd"))}};
+    std::vector<Uid> objects;
+    for (int i = 0; i < 1000; ++i) {
+        objects.push_back(b.addInstance(b.add(type), {}));
+    }
+    EXPECT_EQ(failureOf(b.finish(b.addArray(objects))), "");
+}
+
+TEST(KeyedUnarchiver, DamagedObjectsStayDamaged) {
+    static constexpr CodableClass kClasses[] = {
+        {"AcmePair", [](const ArchivedObject& object) -> Result<Value> {
+             const auto first = object.objectForKey("first");
+             const auto second = object.objectForKey("second");
+             EXPECT_FALSE(first);
+             EXPECT_FALSE(second);
+             EXPECT_EQ(first.fault().detail, second.fault().detail);
+             return Value(u"seen");
+         }}};
+    ArchiveBuilder b;
+    const Uid damaged = b.addInstance(b.addClass({"NSDate", "NSObject"}), {});
+    const Uid root = b.addInstance(b.addClass({"AcmePair", "NSObject"}),
+                                   {{"first", Value(damaged)}, {"second", Value(damaged)}});
+    const auto unarchiver = KeyedUnarchiver::initForReadingWithData(b.finish(root));
+    unarchiver->addClasses(kClasses);
+    EXPECT_EQ(unarchiver->decodeObject(), Value(u"seen"));
 }
 
 TEST(KeyedUnarchiver, EveryPrefixOfAGoodArchiveRaises) {

@@ -193,7 +193,7 @@ TEST(BinaryPropertyList, DamageIsNamedWithItsPlace) {
         {"key that is no string", binary({"\xD1\x01\x01", "\x09"}), FaultCode::Malformed,
          "dictionary key that is no string"},
         {"string that is not ASCII", binary({"\x51\xE9"}), FaultCode::Malformed,
-         "string that is not ASCII at offset 8"},
+         "string that is not ASCII at offset 9"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -216,8 +216,67 @@ TEST(BinaryPropertyList, SharedReferencesAreNotExpanded) {
     EXPECT_EQ(value.value().array()->size(), 10u);
 }
 
+TEST(BinaryPropertyList, NestingIsBoundedWhicheverEndIsBuiltFirst) {
+    for (const bool innerFirst : {false, true}) {
+        std::string file = "bplist00";
+        constexpr int kLists = 5000;
+        std::vector<std::size_t> offsets;
+        const auto reference = [&](int number) {
+            file += static_cast<char>(number >> 8);
+            file += static_cast<char>(number);
+        };
+        // Object 0 names all lists or the last one, list n holds list n - 1.
+        offsets.push_back(file.size());
+        if (innerFirst) {
+            file += "\xAF\x11";
+            reference(kLists);
+            for (int i = 1; i <= kLists; ++i) {
+                reference(i);
+            }
+        } else {
+            file += '\xA1';
+            reference(kLists);
+        }
+        for (int i = 1; i <= kLists; ++i) {
+            offsets.push_back(file.size());
+            file += i == 1 ? '\xA0' : '\xA1';
+            if (i > 1) {
+                reference(i - 1);
+            }
+        }
+        const std::size_t table = file.size();
+        for (const std::size_t offset : offsets) {
+            reference(static_cast<int>(offset));
+        }
+        file += std::string(6, '\0') + "\2\2" + std::string(6, '\0');
+        reference(kLists + 1);
+        file += std::string(14, '\0');
+        reference(static_cast<int>(table));
+        const auto value = read(file);
+        ASSERT_FALSE(value);
+        EXPECT_EQ(value.fault().code, FaultCode::TooDeep) << value.fault().detail;
+    }
+}
+
+TEST(BinaryPropertyList, LongKeysThatManyDictionariesShareAreRead) {
+    Array list;
+    for (int i = 0; i < 3000; ++i) {
+        Dictionary dictionary;
+        for (int k = 0; k < 5; ++k) {
+            dictionary.set(std::string(70, 'k') + std::to_string(k), Value(i));
+        }
+        list.push_back(Value(std::move(dictionary)));
+    }
+    const Value value(std::move(list));
+    const auto data =
+        PropertyListSerialization::dataWithPropertyList(value, PropertyListFormat::Binary);
+    const auto back = PropertyListSerialization::propertyListWithData(data.value());
+    ASSERT_TRUE(back) << back.fault().detail;
+    EXPECT_EQ(back.value(), value);
+}
+
 TEST(BinaryPropertyList, ObjectsThatOverlapEndInAFault) {
-    // Many objects at one place, all named by the top one, each as large as the file.
+    // Many objects at one place, all named by the top one, each almost as large as the file.
     std::string file = "bplist00";
     constexpr int kObjects = 250;
     file += "\xAF\x10" + std::string(1, static_cast<char>(kObjects - 1));
@@ -225,7 +284,8 @@ TEST(BinaryPropertyList, ObjectsThatOverlapEndInAFault) {
         file += static_cast<char>(i);
     }
     const std::size_t shared = file.size();
-    file += "\xAF\x11\x04" + std::string(1, '\0') + std::string(1024, static_cast<char>(kObjects));
+    file +=
+        "\xAF\x11\x40" + std::string(1, '\0') + std::string(0x4000, static_cast<char>(kObjects));
     const std::size_t leaf = file.size();
     file += "\x09";
     const std::size_t tableOffset = file.size();
@@ -239,7 +299,17 @@ TEST(BinaryPropertyList, ObjectsThatOverlapEndInAFault) {
             static_cast<char>(tableOffset);
     const auto value = read(file);
     ASSERT_FALSE(value);
-    EXPECT_EQ(value.fault().detail, "objects share their bytes");
+    EXPECT_EQ(value.fault().detail, "holds more than 64 times its size");
+}
+
+TEST(BinaryPropertyList, OtherVersionsAreNotGuessedAt) {
+    std::string file = binary({"\x09"});
+    file.replace(6, 2, "01");
+    EXPECT_TRUE(read(file)) << "the second digit does not matter";
+    file.replace(6, 2, "10");
+    const auto value = read(file);
+    ASSERT_FALSE(value);
+    EXPECT_EQ(value.fault().code, FaultCode::Unsupported);
 }
 
 TEST(XmlPropertyList, ReadsWhatOthersWrite) {

@@ -130,6 +130,31 @@ TEST(AttributedStringCoding, ArrayOfSetsWithoutATableGivesTheBareText) {
     EXPECT_EQ(runsOf(*text), "3:- ");
 }
 
+TEST(AttributedStringCoding, SetsMayStandInNumberedFields) {
+    Sized archive;
+    ArchiveBuilder& b = archive.builder;
+    const Uid sets = b.addInstance(
+        b.addClass({"NSArray", "NSObject"}),
+        {{"NS.object.1", Value(archive.set(20))}, {"NS.object.0", Value(archive.set(10))}});
+    const Uid table = b.add(Data::copyOf(samples::runTable({{1, 0}, {2, 1}})));
+    const auto text = decode(b.finish(b.addInstance(b.addClass({"NSAttributedString", "NSObject"}),
+                                                    {{"NSString", Value(b.add(u"abc"))},
+                                                     {"NSAttributes", Value(sets)},
+                                                     {"NSAttributeInfo", Value(table)}})));
+    EXPECT_EQ(runsOf(*text), "1:10 2:20 ");
+}
+
+TEST(AttributedStringCoding, DictionaryIsNoArrayOfSets) {
+    Sized archive;
+    ArchiveBuilder& b = archive.builder;
+    const Uid table = b.add(Data::copyOf(samples::runTable({{3, 0}})));
+    const auto text = decode(b.finish(b.addInstance(b.addClass({"NSAttributedString", "NSObject"}),
+                                                    {{"NSString", Value(b.add(u"abc"))},
+                                                     {"NSAttributes", Value(archive.set(10))},
+                                                     {"NSAttributeInfo", Value(table)}})));
+    EXPECT_EQ(runsOf(*text), "3:- ");
+}
+
 TEST(AttributedStringCoding, EveryClassOfAttributedTextIsRead) {
     for (const std::string_view name :
          {"NSAttributedString", "NSMutableAttributedString", "NSTextStorage"}) {
