@@ -3,6 +3,7 @@
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
 #include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Text/TextReader.h"
@@ -37,6 +38,15 @@ std::optional<Data> contentsOfMember(const ZipWrapper& archive, std::string_view
 Value valueUnder(std::string_view key, const Value& value) {
     const platform::Dictionary* const dictionary = value.dictionary();
     return dictionary != nullptr ? (*dictionary)[key] : Value();
+}
+
+/// What an archive's root is when it is no text, for a person.
+std::string describeRoot(const Value& root) {
+    const auto object = root.object();
+    const auto* const opaque = dynamic_cast<const platform::OpaqueObject*>(object.get());
+    return opaque != nullptr && opaque->type != nullptr
+               ? "root object of class " + opaque->type->names.front() + ", which is no text"
+               : "root object that is no text";
 }
 
 /// The compatibility version that the header states; nothing when there is none.
@@ -137,7 +147,7 @@ void Document::readText(const FileWrapper& member) {
     } else if (auto string = root.sharedString()) {
         replaceRealStorageWithAttributedString(AttributedString(std::move(string), {}));
     } else {
-        platform::raise(platform::UnarchiveException("root object that is no text"));
+        platform::raise(platform::UnarchiveException(describeRoot(root)));
     }
 }
 

@@ -46,17 +46,26 @@ TEST(Samples, PackagesOfRealArchivesPrintExactlyTheirText) {
 
 TEST(Samples, ArchivesOfOtherThingsAreRefusedByName) {
     const ScratchFolder folder;
-    for (const char* name : {"font.archive", "colour-device-rgb.archive",
-                             "array-shared-refs-xml.plist", "toplevel-other-key.plist"}) {
-        SCOPED_TRACE(name);
+    struct Row {
+        const char* archive;
+        const char* cause;
+    };
+    constexpr Row kRows[] = {
+        {"font.archive", "root object of class NSFont, which is no text"},
+        {"colour-device-rgb.archive", "root object of class NSColor, which is no text"},
+        {"array-shared-refs-xml.plist", "root object that is no text"},
+        {"toplevel-other-key.plist", "root object of class NSMutableIndexSet, which is no text"},
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.archive);
         const platform::Data archive = platform::Data::adopt(
-            contentsOf(test::dataPath(std::string("keyed-archives/") + name)));
+            contentsOf(test::dataPath(std::string("keyed-archives/") + row.archive)));
         const std::string package =
             folder.write("a.parlavox", std::string(samples::package(archive).view()));
         const ProgramRun run = Program::run({"text", package});
         EXPECT_EQ(run.status, 1);
         EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.error, "pvindex: " + package + ": text.plist: root object that is no text\n");
+        EXPECT_EQ(run.error, "pvindex: " + package + ": text.plist: " + row.cause + "\n");
     }
 }
 

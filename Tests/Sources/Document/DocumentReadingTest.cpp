@@ -209,7 +209,8 @@ TEST_F(DocumentReading, DamagedTextRaisesInsteadOfTurningEmpty) {
         {"no property list", Data::copyOf("words"), "text.plist: syntax error in line 1"},
         {"cut off", good.subdataWithRange({0, good.size() - 1}), nullptr},
         {"a number", number.finish(seven), "text.plist: root object that is no text"},
-        {"an unknown class", thing.finish(unknown), "text.plist: root object that is no text"},
+        {"an unknown class", thing.finish(unknown),
+         "text.plist: root object of class AcmeThing, which is no text"},
         {"a root outside of the table", far.finish(Uid{9}), "text.plist: reference 9 of 1"},
     };
     for (const Row& row : rows) {
