@@ -96,9 +96,9 @@ bool ZipWrapper::scanLocalHeader() {
         return false;
     }
     if (end.EntriesOnDisk != end.TotalEntries) {
-        platform::noteFailureUnlessNoted("end record: " + std::to_string(end.EntriesOnDisk) +
-                                         " central records on this disk, " +
-                                         std::to_string(end.TotalEntries) + " in total");
+        platform::noteFailureUnlessNoted(
+            "end record whose counts differ: " + std::to_string(end.EntriesOnDisk) +
+            " on this disk, " + std::to_string(end.TotalEntries) + " in total");
         return false;
     }
     if (end.DirectoryOffset > stackSize_) {
