@@ -12,7 +12,8 @@ void FileInputStream::open() {
     if (!beginOpening()) {
         return;
     }
-    file_ = FileDescriptor::open(path_, O_RDONLY);
+    // Opening a pipe would wait for its other end, were it not for O_NONBLOCK.
+    file_ = FileDescriptor::open(path_, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (!file_.isOpen()) {
         const FailureContext context(path_);
         fail(errno);

@@ -12,6 +12,9 @@
 namespace platform {
 
 /// An input stream over a file. It is at its end once a read gave no byte, not with the last one.
+///
+/// Nothing waits for another program: a pipe that no one has opened for writing is at its end, and
+/// one that has no byte yet is an error.
 class FileInputStream : public InputStream {
 public:
     /// Selector: initWithFileAtPath:

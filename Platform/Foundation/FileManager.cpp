@@ -47,22 +47,22 @@ bool isDirectory(const std::string& path) {
 }
 
 // Another program may make the same folder meanwhile, which is as good.
-bool makeMissingDirectory(const std::string& path) {
-    if (::mkdir(path.c_str(), 0777) == 0) {
+bool makeMissingDirectory(const std::string& path, Permissions permissions) {
+    if (::mkdir(path.c_str(), permissions) == 0) {
         return true;
     }
     const int cause = errno;
     return isDirectory(path) || refuse(cause, FileAccess::Writing, path);
 }
 
-bool makeDirectories(const std::string& path) {
+bool makeDirectories(const std::string& path, Permissions permissions) {
     for (std::size_t end = path.find('/', 1); end != std::string::npos;
          end = path.find('/', end + 1)) {
-        if (!makeMissingDirectory(path.substr(0, end))) {
+        if (!makeMissingDirectory(path.substr(0, end), permissions)) {
             return false;
         }
     }
-    return makeMissingDirectory(path);
+    return makeMissingDirectory(path, permissions);
 }
 
 }  // namespace
@@ -110,14 +110,15 @@ std::optional<Data> FileManager::contentsAtPath(const std::string& path) const {
 }
 
 bool FileManager::createDirectoryAtPath(const std::string& path,
-                                        IntermediateDirectories withIntermediateDirectories) const {
+                                        IntermediateDirectories withIntermediateDirectories,
+                                        Permissions permissions) const {
     if (holdsNul(path)) {
         return refuse(EINVAL, FileAccess::Writing, path);
     }
     if (withIntermediateDirectories == IntermediateDirectories::Yes) {
-        return makeDirectories(path);
+        return makeDirectories(path, permissions);
     }
-    return ::mkdir(path.c_str(), 0777) == 0 || refuse(errno, FileAccess::Writing, path);
+    return ::mkdir(path.c_str(), permissions) == 0 || refuse(errno, FileAccess::Writing, path);
 }
 
 bool FileManager::removeItemAtPath(const std::string& path) const {
@@ -135,6 +136,10 @@ bool FileManager::removeItemAtPath(const std::string& path) const {
         return refuse(failure.value(), FileAccess::Writing, path);
     }
     return removed > 0 || refuse(ENOENT, FileAccess::Writing, path);
+}
+
+bool FileManager::removeFileAtPath(const std::string& path) const noexcept {
+    return !holdsNul(path) && ::unlink(path.c_str()) == 0;
 }
 
 std::string FileManager::stringByResolvingSymlinksInPath(const std::string& path) const {

@@ -27,6 +27,12 @@ struct FileAttributes {
 /// Whether missing folders on the way to a new one are made, too.
 enum class IntermediateDirectories : bool { No, Yes };
 
+/// Who may do what with a new folder: the bits of chmod(2), less those that the process masks.
+using Permissions = std::uint32_t;
+
+inline constexpr Permissions kPermissionsForAll = 0777;
+inline constexpr Permissions kPermissionsForOwner = 0700;
+
 /// The operating system's files. Relative paths count from the working folder.
 class FileManager {
 public:
@@ -59,18 +65,32 @@ public:
     /// Selector: contentsAtPath:
     [[nodiscard]] virtual std::optional<Data> contentsAtPath(const std::string& path) const;
 
-    /// Makes the folder `path` and returns whether it is there now as asked: without intermediate
-    /// folders it must not have been there before.
+    /// Makes the folder `path`, for everybody, and returns whether it is there now as asked:
+    /// without intermediate folders it must not have been there before.
     ///
     /// Selector: createDirectoryAtPath:withIntermediateDirectories:
+    bool createDirectoryAtPath(const std::string& path,
+                               IntermediateDirectories withIntermediateDirectories) const {
+        return createDirectoryAtPath(path, withIntermediateDirectories, kPermissionsForAll);
+    }
+
+    /// Does the same with `permissions` for each folder that it makes; one that is there keeps its
+    /// own.
+    ///
+    /// Selector: createDirectoryAtPath:withIntermediateDirectories:permissions:
     virtual bool createDirectoryAtPath(const std::string& path,
-                                       IntermediateDirectories withIntermediateDirectories) const;
+                                       IntermediateDirectories withIntermediateDirectories,
+                                       Permissions permissions) const;
 
     /// Removes the item at `path`, a folder with all it holds; a symbolic link goes, not what it
     /// leads to. Returns whether all of it could be removed; false when there is none.
     ///
     /// Selector: removeItemAtPath:
     virtual bool removeItemAtPath(const std::string& path) const;
+
+    /// Removes the file at `path`, never a folder; a symbolic link goes, not what it leads to.
+    /// Returns whether it went, and notes no failure: for destructors.
+    virtual bool removeFileAtPath(const std::string& path) const noexcept;
 
     /// Returns `path` with all symbolic links on it followed, or as it is when they lead nowhere.
     ///

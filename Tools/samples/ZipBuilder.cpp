@@ -57,7 +57,7 @@ ZipEntry& ZipBuilder::add(std::string_view name, const Data& contents, Packing p
     entry.data = contents;
     std::uint16_t method = 0;
     if (packing == Packing::Deflated && !contents.empty()) {
-        const auto archive = parlavox::ZipWrapper::initWithData(Data());
+        const auto archive = parlavox::ZipWrapper::initWithData(Data(), nullptr);
         if (auto deflated = archive->compressedData(contents, 6)) {
             entry.data = std::move(*deflated);
             method = 8;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "Platform/Foundation/AssertionHandler.h"
+#include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 
 namespace parlavox {
 
@@ -16,7 +16,7 @@ std::uint8_t SHIFER_streamConvert(std::uint8_t byte, std::uint64_t index, const 
     if (first.size() < 2) {
         return byte;
     }
-    if (!platform::require(!second.empty(), "secondKey.length > 0", {__FILE__, __LINE__})) {
+    if (!zipRequire(!second.empty(), "secondKey.length > 0", __LINE__)) {
         return byte;
     }
     const std::uint64_t pairs = first.size() / 2;

@@ -20,8 +20,8 @@ constexpr int kMemoryLevel = 9;
 constexpr std::uint32_t kHighestLevel = 10;
 constexpr char kZlibVersion[] = "1.2.5";
 
-/// Deflates the whole input into the output. A stream that fills the output to its last byte is
-/// whole, but zlib says so only when it is asked again.
+/// Deflates the whole input into the output. A stream that fills the output to its last byte may be
+/// whole: zlib says so only when asked again.
 int deflateWhole(z_stream& stream) {
     const int code = deflate(&stream, Z_FINISH);
     if (code != Z_OK || stream.avail_out != 0) {

@@ -19,7 +19,7 @@ std::shared_ptr<ZipFileWrapper> ZipFileWrapper::initWithPath(std::optional<std::
 
 ZipFileWrapper::~ZipFileWrapper() {
     if (filePath_) {
-        FileManager::defaultManager().removeItemAtPath(*filePath_);
+        FileManager::defaultManager().removeFileAtPath(*filePath_);
     }
 }
 

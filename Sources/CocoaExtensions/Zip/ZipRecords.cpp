@@ -7,6 +7,17 @@
 #include "Platform/Foundation/OutputStream.h"
 
 namespace parlavox {
+
+// The end record lies in memory as it does on disk.
+static_assert(offsetof(SDirectory, Signature) == 0);
+static_assert(offsetof(SDirectory, DiskNumbers) == 4);
+static_assert(offsetof(SDirectory, EntriesOnDisk) == 8);
+static_assert(offsetof(SDirectory, TotalEntries) == 10);
+static_assert(offsetof(SDirectory, DirectorySize) == 12);
+static_assert(offsetof(SDirectory, DirectoryOffset) == 16);
+static_assert(offsetof(SDirectory, CommentLength) == 20);
+static_assert(kDirectorySize == offsetof(SDirectory, CommentLength) + sizeof(std::uint16_t));
+
 namespace {
 
 /// Takes little-endian fields from a record, one after the other.

@@ -26,7 +26,10 @@ std::optional<std::string> ZipWrapper::tempFolderPath() {
     const FileManager& manager = FileManager::defaultManager();
     const std::string path =
         platform::stringByAppendingPathComponent(manager.temporaryDirectory(), generatedUID());
-    if (!manager.createDirectoryAtPath(path, platform::IntermediateDirectories::No)) {
+    // The system's folder is everybody's here; where this container comes from, each user has a
+    // temporary directory that others cannot look into. So the folder itself keeps others out.
+    if (!manager.createDirectoryAtPath(path, platform::IntermediateDirectories::No,
+                                       platform::kPermissionsForOwner)) {
         return std::nullopt;
     }
     ZipTemporaryFolder::publish(path);

@@ -47,9 +47,29 @@ bool isExhausted(std::string_view path) {
     return path.find_first_not_of('/') == path.npos;
 }
 
+/// Removes a file when an exception ends its writing: no wrapper will own it.
+class BegunFile {
+public:
+    explicit BegunFile(const std::string& path) : path_(&path) {}
+    ~BegunFile() {
+        if (path_ != nullptr) {
+            FileManager::defaultManager().removeFileAtPath(*path_);
+        }
+    }
+    BegunFile(const BegunFile&) = delete;
+    BegunFile& operator=(const BegunFile&) = delete;
+
+    /// From now on the file stays.
+    void leave() { path_ = nullptr; }
+
+private:
+    const std::string* path_;
+};
+
 }  // namespace
 
-// Opening.
+// Opening. Each way in forgets what the thread failed at before, so that a failure noted on the way
+// is the opening's own.
 
 std::shared_ptr<ZipWrapper> ZipWrapper::make() {
     return std::make_shared<ZipWrapper>(Creation());
@@ -57,6 +77,7 @@ std::shared_ptr<ZipWrapper> ZipWrapper::make() {
 
 std::shared_ptr<ZipWrapper> ZipWrapper::initWithPath(const std::optional<std::string>& path,
                                                      Delegate withDelegate) {
+    platform::clearFailure();
     if (!zipRequire(path.has_value(), "path != nil", 158)) {
         return nullptr;
     }
@@ -74,6 +95,7 @@ std::shared_ptr<ZipWrapper> ZipWrapper::initWithPath(const std::optional<std::st
 
 std::shared_ptr<ZipWrapper> ZipWrapper::initRegularFileWithContents(std::optional<Data> contents,
                                                                     Delegate withDelegate) {
+    platform::clearFailure();
     if (!zipRequire(contents.has_value(), "data != nil", 139) || isTooLarge(contents->size())) {
         return nullptr;
     }
@@ -86,6 +108,7 @@ std::shared_ptr<ZipWrapper> ZipWrapper::initRegularFileWithContents(std::optiona
 
 std::shared_ptr<ZipWrapper> ZipWrapper::initWithInputStream(std::shared_ptr<InputStream> stream,
                                                             Delegate withDelegate) {
+    platform::clearFailure();
     const auto wrapper = make();
     return wrapper->initWithStreamContents(stream.get(), std::move(withDelegate)) ? wrapper
                                                                                   : nullptr;
@@ -93,6 +116,7 @@ std::shared_ptr<ZipWrapper> ZipWrapper::initWithInputStream(std::shared_ptr<Inpu
 
 std::shared_ptr<ZipWrapper> ZipWrapper::initWithData(std::optional<Data> data,
                                                      Delegate withDelegate) {
+    platform::clearFailure();
     const auto wrapper = make();
     return wrapper->initWithBytes(std::move(data), std::move(withDelegate)) ? wrapper : nullptr;
 }
@@ -109,7 +133,8 @@ bool ZipWrapper::initWithStreamContents(InputStream* stream, Delegate withDelega
     stream->open();
     if (stream->status() != platform::StreamStatus::Open) {
         const auto error = stream->error();
-        platform::noteFailure(error ? error->description : "the file can't be opened");
+        // Our own streams have noted more: the path, too.
+        platform::noteFailureUnlessNoted(error ? error->description : "the file can't be opened");
         return false;
     }
     platform::Buffer buffer = platform::Buffer::zeroed(stackSize_);
@@ -133,9 +158,12 @@ bool ZipWrapper::initWithBytes(std::optional<Data> data, Delegate withDelegate) 
 
 // The tree.
 
-bool ZipWrapper::addFileWrapper(const std::optional<std::string>& path, SZipFileInfo withEntry) {
-    if (!zipRequire(path.has_value(), "path != nil", 830) ||
-        !zipRequire(isDirectory(), "[self isDirectory]", 831)) {
+bool ZipWrapper::addFileWrapperForPath(const std::optional<std::string>& path,
+                                       SZipFileInfo withEntry) {
+    // All broken conditions are reported before any has its effect.
+    const bool hasPath = zipRequire(path.has_value(), "path != nil", 830);
+    const bool isFolder = zipRequire(isDirectory(), "[self isDirectory]", 831);
+    if (!hasPath || !isFolder) {
         return false;
     }
     std::string_view name = *path;
@@ -157,16 +185,24 @@ std::shared_ptr<FileWrapper> ZipWrapper::fileWrapperForEntry(std::string_view na
         platform::noteFailure("an empty file");
         return nullptr;
     }
-    if (entry.UncompressedSize > kLargestEntryInMemory) {
+    const bool isLarge = entry.UncompressedSize > kLargestEntryInMemory;
+    if (isLarge) {
         if (auto spooled = spooledEntry(name, entry)) {
             return spooled;
         }
     }
-    auto contents = dataForEntry(entry);
-    return contents ? FileWrapper::initRegularFileWithContents(std::move(*contents)) : nullptr;
+    auto contents = contentsToKeep(entry);
+    if (!contents) {
+        return nullptr;
+    }
+    if (isLarge) {
+        // In memory the entry is whole, so what kept it from its file is no failure.
+        platform::clearFailure();
+    }
+    return FileWrapper::initRegularFileWithContents(std::move(*contents));
 }
 
-/// A partly written file is left in the temporary folder when this fails, by intention.
+/// A partly written file is left in the temporary folder when this fails quietly, by intention.
 std::shared_ptr<FileWrapper> ZipWrapper::spooledEntry(std::string_view name,
                                                       const SZipFileInfo& entry) {
     const auto path = generatedTempFilePathWithExtension(platform::pathExtension(name));
@@ -175,17 +211,21 @@ std::shared_ptr<FileWrapper> ZipWrapper::spooledEntry(std::string_view name,
     }
     const auto stream =
         platform::OutputStream::outputStreamToFileAtPath(*path, platform::FileAppending::No);
+    BegunFile file(*path);
     stream->open();
     if (stream->status() != platform::StreamStatus::Open || !writeEntry(entry, stream)) {
+        file.leave();
         return nullptr;
     }
     stream->close();
-    return ZipFileWrapper::initWithPath(*path);
+    auto wrapper = ZipFileWrapper::initWithPath(*path);
+    file.leave();
+    return wrapper;
 }
 
 bool ZipWrapper::insert(const std::shared_ptr<FileWrapper>& child, std::string_view path) {
-    if (isExhausted(path)) {
-        // A name without any component is passed over.
+    if (path.empty()) {
+        // A name without any component is passed over. Separators alone are one: the root's "/".
         return true;
     }
     std::shared_ptr<FileWrapper> folder = shared_from_this();
@@ -222,6 +262,11 @@ std::optional<Data> ZipWrapper::serializedRepresentation() const {
 }
 
 bool ZipWrapper::updateFromPath(const std::string&) {
+    return false;
+}
+
+bool ZipWrapper::fileManagerShouldProceedAfterError(const FileManager&,
+                                                    const platform::Error&) const {
     return false;
 }
 

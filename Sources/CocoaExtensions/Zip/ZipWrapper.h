@@ -28,7 +28,14 @@
 #include "Sources/CocoaExtensions/Zip/ZipFileInfo.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapperDelegate.h"
 
+namespace platform {
+class FileManager;
+struct Error;
+}  // namespace platform
+
 namespace parlavox {
+
+struct SLocalFileHeader;
 
 /// A directory wrapper that is read from one zip archive.
 class ZipWrapper : public platform::FileWrapper {
@@ -45,7 +52,13 @@ public:
     ///
     /// Selector: initWithPath:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithPath(
-        const std::optional<std::string>& path, Delegate withDelegate = nullptr);
+        const std::optional<std::string>& path, Delegate withDelegate);
+
+    /// Selector: initWithPath:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithPath(
+        const std::optional<std::string>& path) {
+        return initWithPath(path, nullptr);
+    }
 
     /// Returns the archive that `contents` are, under the same rules.
     ///
@@ -53,7 +66,13 @@ public:
     ///
     /// Selector: initRegularFileWithContents:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initRegularFileWithContents(
-        std::optional<platform::Data> contents, Delegate withDelegate = nullptr);
+        std::optional<platform::Data> contents, Delegate withDelegate);
+
+    /// Selector: initRegularFileWithContents:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initRegularFileWithContents(
+        std::optional<platform::Data> contents) {
+        return initRegularFileWithContents(std::move(contents), nullptr);
+    }
 
     /// Opens `stream` and returns an archive of it. Called directly, no size is known, so the
     /// archive reads as empty. Null when the stream does not open.
@@ -62,20 +81,26 @@ public:
     ///
     /// Selector: initWithInputStream:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithInputStream(
-        std::shared_ptr<platform::InputStream> stream, Delegate withDelegate = nullptr);
+        std::shared_ptr<platform::InputStream> stream, Delegate withDelegate);
 
     /// Returns an archive of `data`. Called directly, no size is known, so the archive reads as
     /// empty. Never null unless the data is absent ("data != nil").
     ///
     /// Selector: initWithData:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithData(
-        std::optional<platform::Data> data, Delegate withDelegate = nullptr);
+        std::optional<platform::Data> data, Delegate withDelegate);
 
     /// The same as initWithPath, by intention: the destination is the archive's path.
     ///
     /// Selector: initSymbolicLinkWithDestination:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initSymbolicLinkWithDestination(
-        const std::optional<std::string>& destination, Delegate withDelegate = nullptr);
+        const std::optional<std::string>& destination, Delegate withDelegate);
+
+    /// Selector: initSymbolicLinkWithDestination:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initSymbolicLinkWithDestination(
+        const std::optional<std::string>& destination) {
+        return initSymbolicLinkWithDestination(destination, nullptr);
+    }
 
     explicit ZipWrapper(Creation key) : FileWrapper(key) {}
 
@@ -96,7 +121,8 @@ public:
     /// Always false: a copy or removal stops at its first error.
     ///
     /// Selector: fileManager:shouldProceedAfterError:
-    [[nodiscard]] bool fileManagerShouldProceedAfterError() const { return false; }
+    [[nodiscard]] bool fileManagerShouldProceedAfterError(const platform::FileManager& fileManager,
+                                                          const platform::Error& error) const;
 
     /// Returns a new random identifier: 36 characters, upper-case hexadecimal in groups of
     /// 8-4-4-4-12. Any thread.
@@ -105,8 +131,9 @@ public:
     [[nodiscard]] static std::string generatedUID();
 
     /// Returns the process's own folder for spooled entries, made at the first call directly inside
-    /// the temporary directory. Absent when it cannot be made; the next call tries again. Any
-    /// thread; of two first calls at once each may make a folder, and one of them is forgotten.
+    /// the temporary directory and closed to other users. Absent when it cannot be made; the next
+    /// call tries again. Any thread; of two first calls at once each may make a folder, and one of
+    /// them is forgotten.
     ///
     /// Selector: tempFolderPath
     [[nodiscard]] static std::optional<std::string> tempFolderPath();
@@ -144,12 +171,20 @@ private:
     /// Reads `count` central records from `directory`; false at the first that cannot be used.
     bool readCentralRecords(const platform::Data& directory, std::uint16_t count);
 
-    /// Walks the local headers from the archive's start to `searchEndPosition`. The count is not
-    /// used: the scan runs on positions only.
+    /// Reads the central record at `position` and moves on to the next one.
+    bool readCentralRecord(const platform::Data& directory, std::uint64_t& position);
+
+    /// Scans the local headers of an archive whose central directory failed, as the thread's last
+    /// failure tells.
+    void scanInsteadOfDirectory(std::uint32_t declaredEntriesCount,
+                                std::uint32_t searchEndPosition);
+
+    /// Walks the local headers from the archive's start to `searchEndPosition`. `count`, that of
+    /// the declared entries, is not used: the scan runs on positions only.
     ///
     /// Selector: scanZipFileInConsecutiveOrderWithDeclaredEntriesCount:searchEndPosition:
-    void scanZipFileInConsecutiveOrder(std::uint32_t withDeclaredEntriesCount,
-                                       std::uint32_t searchEndPosition);
+    void scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(std::uint32_t count,
+                                                               std::uint32_t searchEndPosition);
 
     /// Adds the entry whose local header stands at `position`; returns where the next one may
     /// stand.
@@ -159,7 +194,10 @@ private:
     /// the range's length or, when that is 0, of 100 times the data's.
     ///
     /// A block that reaches beyond the archive raises ArchiveRangeError, as intended. So a search
-    /// that finds nothing ends with that error, never with an answer.
+    /// that finds nothing ends with that error and not with an answer, except in blocks no longer
+    /// than the data: the next would begin no further on, and one block without a match is "not
+    /// found". Raw bytes are searched, so a block can always be read: the condition "bufferString",
+    /// that it is text, cannot break here.
     ///
     /// Selector: rangeOfData:range:
     [[nodiscard]] platform::Range rangeOfData(const std::optional<platform::Data>& data,
@@ -175,8 +213,7 @@ private:
     /// Puts the entry named `path` into the tree; false when its contents cannot be had.
     ///
     /// Selector: addFileWrapperForPath:withEntry:
-    bool addFileWrapper(const std::optional<std::string>& path, SZipFileInfo withEntry);
-    using FileWrapper::addFileWrapper;
+    bool addFileWrapperForPath(const std::optional<std::string>& path, SZipFileInfo withEntry);
 
     /// Makes the wrapper of a regular file; null when its contents cannot be had.
     std::shared_ptr<FileWrapper> fileWrapperForEntry(std::string_view name,
@@ -186,6 +223,10 @@ private:
     /// Adds `child` at the end of `path`, making the folders on the way; false when a component on
     /// the way is no folder and the assertion handler lets that pass.
     bool insert(const std::shared_ptr<FileWrapper>& child, std::string_view path);
+
+    /// Returns what a wrapper of `entry` holds: its contents, which don't share the archive's bytes
+    /// unless its entries overlap.
+    std::optional<platform::Data> contentsToKeep(const SZipFileInfo& entry);
 
     /// Returns the contents of `entry`: the stored bytes, which share the archive's, or the
     /// inflated ones. Absent when they cannot be had.
@@ -200,8 +241,14 @@ private:
     [[nodiscard]] bool writeEntry(SZipFileInfo entry,
                                   const std::shared_ptr<platform::OutputStream>& toStream) const;
 
-    /// Returns where the data of an entry begins, as its local header says.
+    /// Returns where the data of an entry begins, as its local header says. That need not lie
+    /// inside the archive: what is taken from there must.
     [[nodiscard]] std::uint32_t dataOffsetOf(const SZipFileInfo& entry) const;
+
+    /// Returns where the data behind the local header `header` at `position` begins. Raises
+    /// ArchiveRangeError when 32 bits cannot hold that.
+    [[nodiscard]] static std::uint32_t dataOffsetBehind(const SLocalFileHeader& header,
+                                                        std::uint64_t position);
 
     /// Returns the archive's bytes in `range`. Raises ArchiveRangeError when it reaches beyond
     /// them.
@@ -209,6 +256,7 @@ private:
 
     std::optional<platform::Data> inputData_;
     std::uint32_t stackSize_ = 0;
+    std::uint64_t copiedBytes_ = 0;
     Delegate delegate_;
 };
 

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <utility>
 
 #include "Platform/Foundation/Buffer.h"
 #include "Platform/Foundation/Failure.h"
+#include "Sources/CocoaExtensions/Zip/ArchiveRangeError.h"
 #include "Sources/CocoaExtensions/Zip/RawInflater.h"
 #include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Sources/CocoaExtensions/Zip/ZipRecords.h"
@@ -43,13 +45,33 @@ std::uint32_t ZipWrapper::dataOffsetOf(const SZipFileInfo& entry) const {
         FLReadSLocalFileHeader(
             &header, archiveBytes({entry.LocalHeaderOffset, kLocalFileHeaderSize}).bytes());
     }
-    const std::uint64_t offset = std::uint64_t{entry.LocalHeaderOffset} + kLocalFileHeaderSize +
-                                 header.FilenameLength + header.ExtraFieldLength;
-    if (inputData_) {
-        // Beyond the archive is also where 32 bits would no longer do.
-        (void)archiveBytes({offset, 0});
+    return dataOffsetBehind(header, entry.LocalHeaderOffset);
+}
+
+std::uint32_t ZipWrapper::dataOffsetBehind(const SLocalFileHeader& header, std::uint64_t position) {
+    const std::uint64_t offset =
+        position + kLocalFileHeaderSize + header.FilenameLength + header.ExtraFieldLength;
+    if (offset > std::numeric_limits<std::uint32_t>::max()) {
+        // Wrapped, it would lead back into the archive, and the scan could go round for ever.
+        platform::raise(ArchiveRangeError("data at offset " + std::to_string(offset) +
+                                          ", beyond what an archive can be"));
     }
     return static_cast<std::uint32_t>(offset);
+}
+
+std::optional<Data> ZipWrapper::contentsToKeep(const SZipFileInfo& entry) {
+    auto contents = dataForEntry(entry);
+    if (!contents || entry.CompressionMethod != kStored) {
+        return contents;
+    }
+    // Stored contents are copied, so that a finished wrapper does not hold the archive. The entries
+    // of an honest one don't overlap, and their copies add up to less than its size; beyond that
+    // they share its bytes, so that a hostile one cannot multiply them.
+    if (contents->size() > inputData_->size() - copiedBytes_) {
+        return contents;
+    }
+    copiedBytes_ += contents->size();
+    return Data::copyOf(contents->span());
 }
 
 std::optional<Data> ZipWrapper::dataForEntry(SZipFileInfo entry) const {

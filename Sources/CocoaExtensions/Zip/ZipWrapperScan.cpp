@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <span>
+#include <charconv>
+#include <limits>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/Unicode.h"
@@ -23,8 +25,47 @@ namespace {
 
 constexpr std::int64_t kNameBufferSize = 4096;
 
+constexpr std::string_view kNameNotUtf8 = "an entry name that is not UTF-8";
+
 // What this container's own writer puts into every local header; the scan takes no other.
 constexpr std::uint16_t kOwnVersionToExtract = 10;
+
+/// Says which central record failed: "central record 3". One is made for each record, so it takes
+/// no memory from the heap.
+class CentralRecordTitle {
+public:
+    explicit CentralRecordTitle(unsigned number) {
+        char* const digits = std::copy(kPrefix.begin(), kPrefix.end(), text_.begin());
+        end_ = std::to_chars(digits, text_.data() + text_.size(), number).ptr;
+    }
+    CentralRecordTitle(const CentralRecordTitle&) = delete;
+    CentralRecordTitle& operator=(const CentralRecordTitle&) = delete;
+
+    [[nodiscard]] std::string_view text() const {
+        return {text_.data(), static_cast<std::size_t>(end_ - text_.data())};
+    }
+
+private:
+    static constexpr std::string_view kPrefix = "central record ";
+
+    std::array<char, kPrefix.size() + std::numeric_limits<unsigned>::digits10 + 1> text_;
+    const char* end_;
+};
+
+/// Returns the thread's last failure, short enough to leave room for another in its line.
+std::string shortLastFailure() {
+    constexpr std::size_t kLongest = 200;
+    const char* const cause = platform::lastFailure();
+    std::string_view text = cause != nullptr ? cause : "a record that cannot be used";
+    if (text.size() > kLongest) {
+        std::size_t size = kLongest;
+        while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) {
+            --size;
+        }
+        text = text.substr(0, size);
+    }
+    return std::string(text);
+}
 
 }  // namespace
 
@@ -39,8 +80,10 @@ Data ZipWrapper::archiveBytes(Range range) const {
 }
 
 bool ZipWrapper::scanLocalHeader() {
+    // Where reading itself failed, as it does for a folder, that is the cause.
     if (stackSize_ < kDirectorySize) {
-        platform::noteFailure("no zip archive: only " + std::to_string(stackSize_) + " bytes");
+        platform::noteFailureUnlessNoted("no zip archive: only " + std::to_string(stackSize_) +
+                                         " bytes");
         return false;
     }
     SDirectory end{};
@@ -48,8 +91,14 @@ bool ZipWrapper::scanLocalHeader() {
         end =
             directoryFromBytes(archiveBytes({stackSize_ - kDirectorySize, kDirectorySize}).bytes());
     }
-    if (end.Signature != kDirectorySignature || end.EntriesOnDisk != end.TotalEntries) {
-        platform::noteFailure("no zip archive: no end record in its last 22 bytes");
+    if (end.Signature != kDirectorySignature) {
+        platform::noteFailureUnlessNoted("no zip archive: no end record in its last 22 bytes");
+        return false;
+    }
+    if (end.EntriesOnDisk != end.TotalEntries) {
+        platform::noteFailureUnlessNoted(
+            "end record whose counts differ: " + std::to_string(end.EntriesOnDisk) +
+            " on this disk, " + std::to_string(end.TotalEntries) + " in total");
         return false;
     }
     if (end.DirectoryOffset > stackSize_) {
@@ -59,45 +108,73 @@ bool ZipWrapper::scanLocalHeader() {
     }
     const Data directory = archiveBytes({end.DirectoryOffset, stackSize_ - end.DirectoryOffset});
     if (directory.empty()) {
-        platform::noteFailure("no central directory");
+        platform::noteFailureUnlessNoted("no central directory");
         return false;
     }
     if (!readCentralRecords(directory, end.EntriesOnDisk)) {
-        scanZipFileInConsecutiveOrder(end.TotalEntries, end.DirectoryOffset);
+        scanInsteadOfDirectory(end.TotalEntries, end.DirectoryOffset);
     }
     return true;
 }
 
 bool ZipWrapper::readCentralRecords(const Data& directory, std::uint16_t count) {
     std::uint64_t position = 0;
-    for (std::uint16_t remaining = count; remaining > 0; --remaining) {
-        if (position + kFileHeaderSize > directory.size()) {
-            return false;
-        }
-        SFileHeader header;
-        FLReadSFileHeader(&header, directory.bytes() + position);
-        if (header.Signature != kFileHeaderSignature) {
-            return false;
-        }
-        position += kFileHeaderSize;
-        if (position + header.FilenameLength > directory.size()) {
-            return false;
-        }
-        const auto name =
-            createStringFromFilenameRecord(directory.bytes() + position, header.FilenameLength);
-        position +=
-            std::uint64_t{header.FilenameLength} + header.CommentLength + header.ExtraFieldLength;
-        const SZipFileInfo entry{header.LocalHeaderOffset, 0, header.CompressionMethod,
-                                 header.DataDescriptor.CompressedSize,
-                                 header.DataDescriptor.UncompressedSize};
-        if (!addFileWrapper(name, entry)) {
+    for (unsigned number = 1; number <= count; ++number) {
+        const CentralRecordTitle title(number);
+        const platform::FailureContext context(title.text());
+        if (!readCentralRecord(directory, position)) {
             return false;
         }
     }
     return true;
 }
 
-void ZipWrapper::scanZipFileInConsecutiveOrder(std::uint32_t, std::uint32_t searchEndPosition) {
+bool ZipWrapper::readCentralRecord(const Data& directory, std::uint64_t& position) {
+    if (position + kFileHeaderSize > directory.size()) {
+        platform::noteFailure("beyond the end of the archive");
+        return false;
+    }
+    SFileHeader header;
+    FLReadSFileHeader(&header, directory.bytes() + position);
+    if (header.Signature != kFileHeaderSignature) {
+        platform::noteFailure("no signature of a central record");
+        return false;
+    }
+    position += kFileHeaderSize;
+    if (position + header.FilenameLength > directory.size()) {
+        platform::noteFailure("a name that reaches beyond the end of the archive");
+        return false;
+    }
+    const auto name =
+        createStringFromFilenameRecord(directory.bytes() + position, header.FilenameLength);
+    position +=
+        std::uint64_t{header.FilenameLength} + header.CommentLength + header.ExtraFieldLength;
+    const SZipFileInfo entry{header.LocalHeaderOffset, 0, header.CompressionMethod,
+                             header.DataDescriptor.CompressedSize,
+                             header.DataDescriptor.UncompressedSize};
+    // An absent name breaks a condition there, whose failure is to tell why the name is absent.
+    std::optional<platform::FailureContext> nameless;
+    if (!name) {
+        nameless.emplace(kNameNotUtf8);
+    }
+    return addFileWrapperForPath(name, entry);
+}
+
+void ZipWrapper::scanInsteadOfDirectory(std::uint32_t declaredEntriesCount,
+                                        std::uint32_t searchEndPosition) {
+    const std::string cause = shortLastFailure();
+    {
+        const std::string what = "scan of local headers (" + cause + ")";
+        const platform::FailureContext context(what);
+        scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(declaredEntriesCount,
+                                                              searchEndPosition);
+    }
+    // An entry that the scan added may have cleared it.
+    platform::noteFailureUnlessNoted(cause);
+}
+
+void ZipWrapper::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(
+    std::uint32_t, std::uint32_t searchEndPosition) {
     std::uint64_t position = 0;
     while (position != platform::kNotFound && position <= searchEndPosition) {
         position = scanEntryAt(position);
@@ -125,17 +202,13 @@ std::uint64_t ZipWrapper::scanEntryAt(std::uint64_t position) {
     if (platform::utf16FromUtf8(name.value_or("")).value().size() != header.FilenameLength) {
         return position + 1;
     }
-    const std::uint64_t dataPosition =
-        namePosition + header.FilenameLength + header.ExtraFieldLength;
-    // Beyond the archive is also where 32 bits would no longer do.
-    (void)archiveBytes({dataPosition, 0});
-    const SZipFileInfo entry{0, static_cast<std::uint32_t>(dataPosition), header.CompressionMethod,
+    const SZipFileInfo entry{0, dataOffsetBehind(header, position), header.CompressionMethod,
                              header.DataDescriptor.CompressedSize,
                              header.DataDescriptor.UncompressedSize};
-    if (!addFileWrapper(name, entry)) {
+    if (!addFileWrapperForPath(name, entry)) {
         return position + 1;
     }
-    return dataPosition + header.DataDescriptor.CompressedSize;
+    return std::uint64_t{entry.DataOffset} + entry.CompressedSize;
 }
 
 Range ZipWrapper::rangeOfData(const std::optional<Data>& data, Range range) const {
@@ -164,8 +237,11 @@ Range ZipWrapper::rangeOfData(const std::optional<Data>& data, Range range) cons
 
 std::optional<std::string> ZipWrapper::createStringFromFilenameRecord(const std::byte* bytes,
                                                                       std::int64_t count) {
-    if (!zipRequire(bytes != nullptr, "bytes", 676) || !zipRequire(count > 0, "count > 0", 677) ||
-        !zipRequire(count < kNameBufferSize, "count < 4096", 678)) {
+    // All broken conditions are reported before any has its effect.
+    const bool hasBytes = zipRequire(bytes != nullptr, "bytes", 676);
+    const bool isAnyName = zipRequire(count > 0, "count > 0", 677);
+    const bool fitsBuffer = zipRequire(count < kNameBufferSize, "count < 4096", 678);
+    if (!hasBytes || !isAnyName || !fitsBuffer) {
         return std::nullopt;
     }
     std::array<char, kNameBufferSize> name;
@@ -177,7 +253,7 @@ std::optional<std::string> ZipWrapper::createStringFromFilenameRecord(const std:
     name[static_cast<std::size_t>(count)] = '\0';
     std::string text(name.data());
     if (!platform::utf16FromUtf8(text)) {
-        platform::noteFailure("entry name that is not UTF-8");
+        platform::noteFailure(kNameNotUtf8);
         return std::nullopt;
     }
     return text;

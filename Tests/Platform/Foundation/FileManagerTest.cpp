@@ -109,6 +109,51 @@ TEST(FileManager, MakesMissingFoldersOnlyWhenAsked) {
     EXPECT_FALSE(kManager.fileExistsAtPath(folder.path("n")));
 }
 
+/// Masks no permission while it lives.
+class NoMaskScope {
+public:
+    NoMaskScope() : before_(::umask(0)) {}
+    ~NoMaskScope() { ::umask(before_); }
+
+private:
+    mode_t before_;
+};
+
+TEST(FileManager, NewFoldersHaveThePermissionsAskedFor) {
+    const test::TemporaryFolder folder;
+    const NoMaskScope scope;
+    using enum IntermediateDirectories;
+    EXPECT_TRUE(kManager.createDirectoryAtPath(folder.path("all"), No));
+    EXPECT_TRUE(kManager.createDirectoryAtPath(folder.path("own"), No, kPermissionsForOwner));
+    EXPECT_TRUE(kManager.createDirectoryAtPath(folder.path("all/x/y"), Yes, 0750));
+    const struct {
+        const char* name;
+        mode_t want;
+    } kRows[] = {{"all", 0777}, {"own", 0700}, {"all/x", 0750}, {"all/x/y", 0750}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.name);
+        struct stat info = {};
+        ASSERT_EQ(::stat(folder.path(row.name).c_str(), &info), 0);
+        EXPECT_EQ(info.st_mode & 07777, row.want);
+    }
+}
+
+TEST(FileManager, RemovingAFileIsQuietAndSparesFolders) {
+    const test::TemporaryFolder folder;
+    folder.write("n", "");
+    const std::string target = folder.write("target", "");
+    std::filesystem::create_directory(folder.path("empty"));
+    std::filesystem::create_symlink(target, folder.path("link"));
+    clearFailure();
+    EXPECT_TRUE(kManager.removeFileAtPath(folder.path("link")));
+    EXPECT_FALSE(kManager.removeFileAtPath(folder.path("link"))) << "it is gone";
+    EXPECT_FALSE(kManager.removeFileAtPath(folder.path("empty")));
+    EXPECT_FALSE(kManager.removeFileAtPath(folder.path(std::string_view("n\0", 2))));
+    EXPECT_FALSE(kManager.removeFileAtPath(""));
+    EXPECT_EQ(lastFailure(), nullptr);
+    EXPECT_EQ(folder.count(), 3) << "the target, the folder, and what stands before the NUL";
+}
+
 TEST(FileManager, RemovingNeverFollowsLinks) {
     const test::TemporaryFolder kept;
     kept.write("treasure", "gold");
@@ -167,7 +212,8 @@ TEST(FileManager, TemporaryFolderComesFromTheEnvironmentAtEachCall) {
 
 TEST(FileManager, DerivedManagerFailsOnCue) {
     struct FullDisk : FileManager {
-        bool createDirectoryAtPath(const std::string&, IntermediateDirectories) const override {
+        bool createDirectoryAtPath(const std::string&, IntermediateDirectories,
+                                   Permissions) const override {
             return false;
         }
     };

@@ -1,6 +1,8 @@
 #include "Platform/Foundation/InputStream.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
@@ -8,6 +10,7 @@
 #include <string>
 
 #include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace platform {
@@ -61,6 +64,22 @@ TEST(InputStream, FileEndsWithAReadThatGaveNothing) {
     EXPECT_EQ(stream->status(), StreamStatus::AtEnd);
     EXPECT_FALSE(stream->hasBytesAvailable());
     EXPECT_EQ(readOnce(*stream, 5), "");
+}
+
+TEST(InputStream, PipesDontKeepItWaiting) {
+    const test::TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    const auto alone = InputStream::inputStreamWithFileAtPath(folder.path("pipe"));
+    alone->open();
+    EXPECT_EQ(alone->status(), StreamStatus::Open);
+    EXPECT_EQ(readOnce(*alone, 5), "") << "at its end without a writer";
+
+    const auto early = InputStream::inputStreamWithFileAtPath(folder.path("pipe"));
+    early->open();
+    const auto writer = FileDescriptor::open(folder.path("pipe"), O_WRONLY | O_NONBLOCK);
+    ASSERT_TRUE(writer.isOpen());
+    EXPECT_EQ(readOnce(*early, 5), "-1") << "nothing was written yet";
+    EXPECT_EQ(early->status(), StreamStatus::Error);
 }
 
 TEST(InputStream, DataEndsWithItsLastByte) {

@@ -404,7 +404,7 @@ TEST_F(DocumentReading, WhatCannotBeReadMakesNoDocument) {
 
 TEST_F(DocumentReading, ArchivesAreAskedToDeflateFast) {
     const auto document = Document::init();
-    const auto archive = ZipWrapper::initWithData(Data());
+    const auto archive = ZipWrapper::initWithData(Data(), nullptr);
     EXPECT_EQ(document->compressLevelForFileWrapper(archive, *archive), 1u);
 }
 

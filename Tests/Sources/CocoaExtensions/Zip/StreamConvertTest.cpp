@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "Platform/Foundation/AssertionHandler.h"
 #include "Platform/Foundation/Exception.h"
+#include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 
 namespace parlavox {
 namespace {
@@ -47,7 +49,19 @@ TEST(StreamConvert, MixesBothKeys) {
 }
 
 TEST(StreamConvert, EmptySecondKeyIsAnAssertionFailure) {
-    EXPECT_THROW(SHIFER_streamConvert(1, 0, "abcd", ""), platform::AssertionFailure);
+    try {
+        (void)SHIFER_streamConvert(1, 0, "abcd", "");
+        FAIL() << "nothing was raised";
+    } catch (const platform::AssertionFailure& failure) {
+        EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: secondKey.length > 0");
+        EXPECT_EQ(failure.file(), kZipSourceFile) << "that of the whole container";
+    }
+    struct Silent : platform::AssertionHandler {
+        void handleFailure(const platform::AssertionFailure&) override {}
+    } silent;
+    const platform::AssertionHandlerScope scope(silent);
+    EXPECT_EQ(SHIFER_streamConvert(0x5A, 0, "abcd", ""), 0x5A)
+        << "unchanged when the handler returns";
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ using platform::Buffer;
 using platform::Data;
 
 std::optional<Data> compressed(const std::optional<Data>& data, std::uint32_t level) {
-    return ZipWrapper::initWithData(Data())->compressedData(data, level);
+    return ZipWrapper::initWithData(Data(), nullptr)->compressedData(data, level);
 }
 
 std::string inflated(const Data& data, std::size_t size) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -47,6 +48,17 @@ TEST(ZipTemporaryFiles, FolderIsMadeOnceInsideTheTemporaryDirectory) {
     fs::remove(*path);
     EXPECT_EQ(ZipWrapper::tempFolderPath(), path) << "later calls don't look at the disk";
     EXPECT_FALSE(fs::exists(*path));
+}
+
+TEST(ZipTemporaryFiles, FolderIsClosedToOtherUsers) {
+    const ZipTestFolder folder;
+    const mode_t before = ::umask(0);
+    const auto path = ZipWrapper::tempFolderPath();
+    ::umask(before);
+    ASSERT_TRUE(path);
+    struct stat info = {};
+    ASSERT_EQ(::stat(path->c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0700u);
 }
 
 TEST(ZipTemporaryFiles, PathsAreNewAndTakeAnExtension) {

@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "Platform/Foundation/Exception.h"
+#include "Platform/Foundation/Failure.h"
 #include "Sources/CocoaExtensions/Zip/ArchiveRangeError.h"
+#include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Sources/CocoaExtensions/Zip/ZipFileWrapper.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
+#include "Tests/Sources/CocoaExtensions/Zip/RecordingHandler.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipTestFolder.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipWrapperTestPeer.h"
 #include "Tools/samples/ZipBuilder.h"
@@ -62,6 +66,75 @@ TEST(ZipWrapperEntries, StoredContentsShareTheArchivesBytes) {
     ASSERT_TRUE(data);
     EXPECT_EQ(data->view(), "stored");
     EXPECT_EQ(data->bytes(), Peer::dataForEntry(*entry.wrapper, entry.info)->bytes());
+}
+
+/// Whether the bytes of a child of `archive` are among the bytes of `whole`.
+bool sharesBytes(const FileWrapper& archive, std::string_view name, const Data& whole) {
+    const Data part = *archive.fileWrapperForKey(name)->regularFileContents();
+    const std::less<> isBefore;
+    return !isBefore(part.bytes(), whole.bytes()) &&
+           isBefore(part.bytes(), whole.bytes() + whole.size());
+}
+
+TEST(ZipWrapperEntries, WrappersOfAnHonestArchiveHoldNoneOfItsBytes) {
+    ZipBuilder zip;
+    zip.add("stored", std::string(1000, 's'), Packing::Stored);
+    zip.add("deflated", std::string(1000, 'd'));
+    zip.add("stored, too", std::string(3000, 't'), Packing::Stored);
+    const Data archive = zip.finish();
+    const auto wrapper = Peer::unscanned(archive);
+    ASSERT_TRUE(Peer::scanLocalHeader(*wrapper));
+    for (const char* name : {"stored", "deflated", "stored, too"}) {
+        EXPECT_FALSE(sharesBytes(*wrapper, name, archive)) << name;
+    }
+    EXPECT_EQ(wrapper->fileWrapperForKey("stored, too")->regularFileContents()->view(),
+              std::string(3000, 't'));
+}
+
+TEST(ZipWrapperEntries, OverlappingStoredEntriesShareWhatDoesNotFitTheArchivesSize) {
+    constexpr std::uint32_t kSize = 1000;
+    constexpr std::uint32_t kHeaderAndName = 31;
+    ZipBuilder zip;
+    zip.add("a", std::string(kSize, 's'), Packing::Stored);
+    for (std::uint32_t i = 0; i < 2; ++i) {
+        auto& again = zip.add(i == 0 ? "b" : "c", "", Packing::Stored).central;
+        // Counted from where the builder puts the entry back to the start of the archive.
+        again.LocalHeaderOffset = 0u - (kHeaderAndName + kSize + i * kHeaderAndName);
+        again.DataDescriptor.UncompressedSize = kSize;
+    }
+    const Data archive = zip.finish();
+    const auto wrapper = Peer::unscanned(archive);
+    ASSERT_TRUE(Peer::scanLocalHeader(*wrapper));
+    EXPECT_FALSE(sharesBytes(*wrapper, "a", archive));
+    for (const char* name : {"b", "c"}) {
+        EXPECT_EQ(wrapper->fileWrapperForKey(name)->regularFileContents()->view(),
+                  std::string(kSize, 's'));
+        EXPECT_TRUE(sharesBytes(*wrapper, name, archive)) << name;
+    }
+}
+
+TEST(ZipWrapperEntries, OnlyTakingBytesBeyondTheArchiveRaises) {
+    OneEntry entry = oneEntry("stored", Packing::Stored);
+    entry.info.DataOffset = 100000;
+    EXPECT_THROW((void)Peer::dataForEntry(*entry.wrapper, entry.info), ArchiveRangeError);
+    const auto stream = std::make_shared<AnsweringStream>(std::vector<std::int64_t>{0, -1});
+    EXPECT_FALSE(Peer::writeEntry(*entry.wrapper, entry.info, stream))
+        << "writing a stored entry takes none";
+    EXPECT_EQ(stream->sizes, std::vector<std::size_t>(2, 0));
+    entry.info.CompressionMethod = 12;
+    EXPECT_EQ(Peer::dataForEntry(*entry.wrapper, entry.info), std::nullopt)
+        << "nor does a method that is not known";
+    entry.info.CompressionMethod = 8;
+    EXPECT_THROW((void)Peer::dataForEntry(*entry.wrapper, entry.info), ArchiveRangeError);
+}
+
+TEST(ZipWrapperEntries, DataOffsetThatNeedsMoreThan32BitsRaises) {
+    const auto wrapper = Peer::unscanned(std::nullopt);
+    const auto stream = std::make_shared<AnsweringStream>(std::vector<std::int64_t>{-1});
+    SZipFileInfo info{0xFFFFFFFF - kLocalFileHeaderSize, 0, 0, 1, 1};
+    EXPECT_FALSE(Peer::writeEntry(*wrapper, info, stream)) << "the last one that fits";
+    ++info.LocalHeaderOffset;
+    EXPECT_THROW((void)Peer::writeEntry(*wrapper, info, stream), ArchiveRangeError);
 }
 
 TEST(ZipWrapperEntries, DataOffsetIsUsedWhenItIsKnown) {
@@ -163,6 +236,7 @@ TEST(ZipWrapperEntries, WritingNeedsAStream) {
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: stream != nil");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 707u);
     }
 }
@@ -170,10 +244,11 @@ TEST(ZipWrapperEntries, WritingNeedsAStream) {
 TEST(ZipWrapperEntries, AddingNeedsAPathAndAFolder) {
     const auto wrapper = Peer::unscanned(Data());
     try {
-        (void)Peer::addFileWrapper(*wrapper, std::nullopt, {});
+        (void)Peer::addFileWrapperForPath(*wrapper, std::nullopt, {});
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: path != nil");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 830u);
     }
     class Unmade final : public ZipWrapper {
@@ -182,12 +257,26 @@ TEST(ZipWrapperEntries, AddingNeedsAPathAndAFolder) {
         explicit Unmade(Creation key) : ZipWrapper(key) {}
     };
     try {
-        (void)Peer::addFileWrapper(*Unmade::make(), "a", {});
+        (void)Peer::addFileWrapperForPath(*Unmade::make(), "a", {});
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: [self isDirectory]");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 831u);
     }
+}
+
+TEST(ZipWrapperEntries, AllBrokenConditionsOfAddingAreReportedInTheirOrder) {
+    class Unmade final : public ZipWrapper {
+    public:
+        static std::shared_ptr<Unmade> make() { return std::make_shared<Unmade>(Creation()); }
+        explicit Unmade(Creation key) : ZipWrapper(key) {}
+    };
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    EXPECT_FALSE(Peer::addFileWrapperForPath(*Unmade::make(), std::nullopt, {}));
+    EXPECT_EQ(handler.reported,
+              (std::vector<std::string>{"path != nil @830", "[self isDirectory] @831"}));
 }
 
 // Spooling.
@@ -235,6 +324,16 @@ TEST(ZipWrapperSpooling, WithoutATemporaryFolderEntriesStayInMemory) {
     setenv("TMPDIR", folder.path().c_str(), 1);
     EXPECT_EQ(archive->fileWrapperForKey("a.bin")->contentFilePath(), std::nullopt);
     EXPECT_EQ(archive->fileWrapperForKey("a.bin")->regularFileContents()->size(), kJustSpooled);
+    EXPECT_EQ(platform::lastFailure(), nullptr) << "as the entry is there, nothing failed";
+}
+
+TEST(ZipWrapperSpooling, ErrorThatEndsTheOpeningLeavesNoFile) {
+    const ZipTestFolder folder;
+    ZipBuilder zip;
+    zip.add("a.bin", std::string(kJustSpooled, 'a')).central.DataDescriptor.CompressedSize =
+        0x7FFFFFFF;
+    EXPECT_THROW((void)ZipWrapper::initRegularFileWithContents(zip.finish()), ArchiveRangeError);
+    EXPECT_EQ(folder.spooledFiles(), 0u);
 }
 
 TEST(ZipWrapperSpooling, DamagedLargeEntryIsSpooledAsNothing) {
@@ -256,6 +355,17 @@ TEST(ZipFileWrapper, ReadsItsFileAtEachCall) {
     EXPECT_EQ(wrapper->regularFileContents()->view(), "second");
     std::filesystem::remove(path);
     EXPECT_EQ(wrapper->regularFileContents(), std::nullopt);
+}
+
+TEST(ZipFileWrapper, EndsQuietlyWithoutItsFileAndSparesFolders) {
+    const test::TemporaryFolder folder;
+    std::filesystem::create_directory(folder.path("folder"));
+    platform::clearFailure();
+    for (const char* name : {"missing", "folder"}) {
+        (void)ZipFileWrapper::initWithPath(folder.path(name));
+    }
+    EXPECT_TRUE(std::filesystem::exists(folder.path("folder")));
+    EXPECT_EQ(platform::lastFailure(), nullptr);
 }
 
 TEST(ZipFileWrapper, PrefersTheNameOnDisk) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <fstream>
 #include <string>
@@ -8,7 +9,9 @@
 #include "Platform/Foundation/AssertionHandler.h"
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Sources/CocoaExtensions/Zip/ArchiveRangeError.h"
+#include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Sources/CocoaExtensions/Zip/ZipDirectoryWrapper.h"
 #include "Sources/CocoaExtensions/Zip/ZipRecords.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
@@ -83,6 +86,11 @@ TEST(ZipWrapperReading, EntriesBecomeATree) {
         {"repeated separators", {{"a//b", "x"}}, "a/(b=x)"},
         {"separators at the end of a folder", {{"a//", ""}}, "a//()"},
         {"a name without a component is passed over", {{"/", ""}, {"a", "x"}}, "a=x"},
+        {"a backslash alone has none either", {{"\\", ""}, {"a", "x"}}, "a=x"},
+        {"of two separators one is left, the root's folder", {{"//", ""}, {"a", "x"}}, "///() a=x"},
+        {"of three, too", {{"///", ""}}, "///()"},
+        {"a separator and a backslash", {{"/\\", ""}}, "///()"},
+        {"the root's folder takes what begins with it", {{"//", ""}, {"/a", "x"}}, "///(a=x)"},
         {"dots are names", {{"../a", "x"}, {"./b", "y"}}, "../(a=x) ./(b=y)"},
         {"names beyond ASCII", {{"caf\xC3\xA9/\xE6\x97\xA5", "x"}}, "caf\xC3\xA9/(\xE6\x97\xA5=x)"},
         {"a name ends at its first NUL", {{"ab\0cd"sv, "x"}}, "ab=x"},
@@ -276,7 +284,7 @@ TEST(ZipWrapperReading, NamesThatCannotBeReadEndTheOpening) {
         } catch (const platform::AssertionFailure& failure) {
             EXPECT_EQ(failure.reason(),
                       std::string("Invalid parameter not satisfying: ") + row.condition);
-            EXPECT_EQ(failure.file(), "Sources/CocoaExtensions/Zip/ZipWrapper");
+            EXPECT_EQ(failure.file(), kZipSourceFile);
             EXPECT_EQ(failure.line(), row.line);
         }
     }
@@ -292,6 +300,7 @@ TEST(ZipWrapperReading, FileInTheWayOfAFolderEndsTheOpening) {
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Path component is not directory");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 901u);
     }
 }
@@ -405,18 +414,25 @@ TEST(ZipWrapperEntryPoints, DirectCallsKnowNoSizeAndReadAsEmpty) {
     ZipBuilder zip;
     zip.add("a", "x");
     const Data archive = zip.finish();
-    EXPECT_EQ(tree(*ZipWrapper::initWithData(archive)), "");
-    EXPECT_EQ(
-        tree(*ZipWrapper::initWithInputStream(platform::InputStream::inputStreamWithData(archive))),
-        "");
+    EXPECT_EQ(tree(*ZipWrapper::initWithData(archive, nullptr)), "");
+    EXPECT_EQ(tree(*ZipWrapper::initWithInputStream(
+                  platform::InputStream::inputStreamWithData(archive), nullptr)),
+              "");
 }
 
 TEST(ZipWrapperEntryPoints, WhatCannotBeOpenedAnswersNone) {
     const test::TemporaryFolder folder;
     EXPECT_EQ(ZipWrapper::initWithPath(folder.path("missing")), nullptr);
-    EXPECT_EQ(ZipWrapper::initWithInputStream(
-                  platform::InputStream::inputStreamWithFileAtPath(folder.path("missing"))),
-              nullptr);
+    EXPECT_EQ(
+        ZipWrapper::initWithInputStream(
+            platform::InputStream::inputStreamWithFileAtPath(folder.path("missing")), nullptr),
+        nullptr);
+}
+
+TEST(ZipWrapperEntryPoints, PipeIsAnEmptyFolderAndNotWaitedFor) {
+    const test::TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(tree(*ZipWrapper::initWithPath(folder.path("pipe"))), "");
 }
 
 TEST(ZipWrapperEntryPoints, FilesLargerThanFourGigabytesAnswerNone) {
@@ -442,7 +458,7 @@ TEST(ZipWrapperEntryPoints, BytesThatTheStreamDoesNotDeliverStayZero) {
         std::size_t size = 0;
     };
     const auto stream = std::make_shared<ShortStream>();
-    EXPECT_EQ(tree(*ZipWrapper::initWithInputStream(stream)), "");
+    EXPECT_EQ(tree(*ZipWrapper::initWithInputStream(stream, nullptr)), "");
     EXPECT_EQ(stream->reads, 1) << "one request for all of it";
     EXPECT_EQ(stream->status(), platform::StreamStatus::Closed);
 }
@@ -456,11 +472,11 @@ TEST(ZipWrapperEntryPoints, BrokenConditionsNameTheirLines) {
     const Row rows[] = {
         {"data != nil", 101,
          [] {
-             return ZipWrapper::initWithData(std::nullopt);
+             return ZipWrapper::initWithData(std::nullopt, nullptr);
          }},
         {"stream != nil", 118,
          [] {
-             return ZipWrapper::initWithInputStream(nullptr);
+             return ZipWrapper::initWithInputStream(nullptr, nullptr);
          }},
         {"data != nil", 139,
          [] {
@@ -486,6 +502,7 @@ TEST(ZipWrapperEntryPoints, BrokenConditionsNameTheirLines) {
         } catch (const platform::AssertionFailure& failure) {
             EXPECT_EQ(failure.reason(),
                       std::string("Invalid parameter not satisfying: ") + row.condition);
+            EXPECT_EQ(failure.file(), kZipSourceFile);
             EXPECT_EQ(failure.line(), row.line);
         }
         const platform::AssertionHandlerScope scope(silent);
@@ -501,7 +518,8 @@ TEST(ZipWrapper, AnswersConstants) {
     const auto wrapper = open(zip.finish());
     EXPECT_EQ(wrapper->serializedRepresentation(), std::nullopt);
     EXPECT_FALSE(wrapper->updateFromPath("/tmp"));
-    EXPECT_FALSE(wrapper->fileManagerShouldProceedAfterError());
+    EXPECT_FALSE(wrapper->fileManagerShouldProceedAfterError(
+        platform::FileManager::defaultManager(), platform::Error{}));
     EXPECT_EQ(wrapper->contentFilePath(), std::nullopt);
     EXPECT_EQ(wrapper->fileWrapperForKey("a")->contentFilePath(), std::nullopt);
 }

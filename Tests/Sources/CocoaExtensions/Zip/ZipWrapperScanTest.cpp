@@ -2,11 +2,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Platform/Foundation/AssertionHandler.h"
 #include "Platform/Foundation/Exception.h"
 #include "Sources/CocoaExtensions/Zip/ArchiveRangeError.h"
+#include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
+#include "Tests/Sources/CocoaExtensions/Zip/RecordingHandler.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipWrapperTestPeer.h"
 #include "Tools/samples/ZipBuilder.h"
 
@@ -25,7 +28,7 @@ using Peer = ZipWrapperTestPeer;
 std::string scannedNames(const Data& archive, std::uint32_t end) {
     const auto wrapper = Peer::unscanned(archive);
     try {
-        Peer::scanZipFileInConsecutiveOrder(*wrapper, 0, end);
+        Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(*wrapper, 0, end);
     } catch (const ArchiveRangeError&) {
     }
     std::string names;
@@ -98,10 +101,28 @@ TEST(ZipWrapperScan, ExtraFieldsAreSteppedOver) {
     entry.local.ExtraFieldLength = 5;
     const Data archive = zip.finish();
     const auto wrapper = Peer::unscanned(archive);
-    EXPECT_THROW(Peer::scanZipFileInConsecutiveOrder(*wrapper, 1,
-                                                     static_cast<std::uint32_t>(archive.size())),
+    EXPECT_THROW(Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(
+                     *wrapper, 1, static_cast<std::uint32_t>(archive.size())),
                  ArchiveRangeError);
     EXPECT_EQ(wrapper->fileWrapperForKey("a")->regularFileContents()->view(), "contents");
+}
+
+TEST(ZipWrapperScan, FolderWhoseExtraFieldReachesBeyondTheArchiveIsAdded) {
+    ZipBuilder zip;
+    zip.add("folder/", "").local.ExtraFieldLength = 0xFFFF;
+    const Data archive = zip.finish();
+    const auto wrapper = Peer::unscanned(archive);
+    Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(
+        *wrapper, 1, static_cast<std::uint32_t>(archive.size()));
+    EXPECT_NE(wrapper->fileWrapperForKey("folder"), nullptr) << "no byte was taken from there";
+}
+
+TEST(ZipWrapperScan, FileWhoseExtraFieldReachesBeyondTheArchiveEndsTheScan) {
+    ZipBuilder zip;
+    zip.add("file", "x", Packing::Stored).local.ExtraFieldLength = 0xFFFF;
+    const auto wrapper = Peer::unscanned(zip.finish());
+    EXPECT_THROW(Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(*wrapper, 1, 0),
+                 ArchiveRangeError);
 }
 
 TEST(ZipWrapperScan, StopsBeyondTheEndPosition) {
@@ -110,9 +131,9 @@ TEST(ZipWrapperScan, StopsBeyondTheEndPosition) {
     zip.add("two", "y", Packing::Stored);
     // The first entry takes 30 + 3 + 1 bytes; a scan to 33 never looks at the second.
     const auto wrapper = Peer::unscanned(zip.finish());
-    Peer::scanZipFileInConsecutiveOrder(*wrapper, 2, 33);
+    Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(*wrapper, 2, 33);
     EXPECT_EQ(wrapper->fileWrappers().size(), 1u);
-    Peer::scanZipFileInConsecutiveOrder(*wrapper, 2, 34);
+    Peer::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(*wrapper, 2, 34);
     EXPECT_EQ(wrapper->fileWrappers().size(), 2u) << "the end position itself counts";
 }
 
@@ -244,6 +265,7 @@ TEST(ZipWrapperSearch, NeedsSomethingToFind) {
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: stringToFind");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 639u);
     }
 }
@@ -256,6 +278,7 @@ TEST(ZipWrapperNames, NeedBytes) {
         FAIL() << "nothing was raised";
     } catch (const platform::AssertionFailure& failure) {
         EXPECT_EQ(failure.reason(), "Invalid parameter not satisfying: bytes");
+        EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 676u);
     }
 }
@@ -271,6 +294,29 @@ TEST(ZipWrapperNames, AreNoneWhenTheHandlerReturns) {
     EXPECT_EQ(Peer::createStringFromFilenameRecord(bytes, -1), std::nullopt);
     EXPECT_EQ(Peer::createStringFromFilenameRecord(bytes, 4096), std::nullopt);
     EXPECT_EQ(Peer::createStringFromFilenameRecord(bytes, 4), "") << "up to the first NUL";
+}
+
+TEST(ZipWrapperNames, AllBrokenConditionsAreReportedInTheirOrder) {
+    const std::byte bytes[4] = {};
+    const struct {
+        const char* name;
+        const std::byte* bytes;
+        std::int64_t count;
+        std::vector<std::string> want;
+    } kRows[] = {
+        {"no bytes and no length", nullptr, 0, {"bytes @676", "count > 0 @677"}},
+        {"no bytes and too many of them", nullptr, 4096, {"bytes @676", "count < 4096 @678"}},
+        {"no length", bytes, 0, {"count > 0 @677"}},
+        {"nothing broken", bytes, 4, {}},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.name);
+        RecordingHandler handler;
+        const platform::AssertionHandlerScope scope(handler);
+        EXPECT_EQ(Peer::createStringFromFilenameRecord(row.bytes, row.count).has_value(),
+                  row.want.empty());
+        EXPECT_EQ(handler.reported, row.want);
+    }
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class ZipWrapperTestPeer {
 public:
     /// An archive whose bytes are there and have not been scanned.
     static std::shared_ptr<ZipWrapper> unscanned(std::optional<platform::Data> data) {
-        const auto wrapper = ZipWrapper::initWithData(platform::Data());
+        const auto wrapper = ZipWrapper::initWithData(platform::Data(), nullptr);
         wrapper->stackSize_ = data ? static_cast<std::uint32_t>(data->size()) : 0;
         wrapper->inputData_ = std::move(data);
         return wrapper;
@@ -27,9 +27,10 @@ public:
 
     static bool scanLocalHeader(ZipWrapper& wrapper) { return wrapper.scanLocalHeader(); }
 
-    static void scanZipFileInConsecutiveOrder(ZipWrapper& wrapper, std::uint32_t count,
-                                              std::uint32_t end) {
-        wrapper.scanZipFileInConsecutiveOrder(count, end);
+    static void scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(ZipWrapper& wrapper,
+                                                                      std::uint32_t count,
+                                                                      std::uint32_t end) {
+        wrapper.scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(count, end);
     }
 
     static platform::Range rangeOfData(const ZipWrapper& wrapper,
@@ -43,9 +44,9 @@ public:
         return ZipWrapper::createStringFromFilenameRecord(bytes, count);
     }
 
-    static bool addFileWrapper(ZipWrapper& wrapper, const std::optional<std::string>& path,
-                               SZipFileInfo entry) {
-        return wrapper.addFileWrapper(path, entry);
+    static bool addFileWrapperForPath(ZipWrapper& wrapper, const std::optional<std::string>& path,
+                                      SZipFileInfo entry) {
+        return wrapper.addFileWrapperForPath(path, entry);
     }
 
     static std::optional<platform::Data> dataForEntry(const ZipWrapper& wrapper,
