@@ -18,7 +18,7 @@ constexpr const char* kExitStatuses =
     "  3  the importer could not be loaded\n";
 
 constexpr double kDefaultSeconds = 60;
-constexpr std::size_t kDefaultMebibytes = 4096;
+constexpr std::size_t kDefaultMebibytes = 4096;  // of memory, and of disk
 constexpr double kMostSeconds = 1e6;
 constexpr std::size_t kMostMebibytes = std::size_t{1} << 32;
 
@@ -41,7 +41,8 @@ struct Options {
     std::string importer;
     std::string type;
     double seconds = kDefaultSeconds;
-    std::size_t mebibytes = kDefaultMebibytes;
+    std::size_t memory = kDefaultMebibytes;
+    std::size_t disk = kDefaultMebibytes;
     std::vector<std::string> files;
 };
 
@@ -66,7 +67,11 @@ void addTextCommand(CLI::App& program, Options& options) {
         ->type_name("SECONDS")
         ->check(CLI::Range(0.0, kMostSeconds).description(""))
         ->capture_default_str();
-    text.add_option("--memory", options.mebibytes, "Memory for the importer; 0 is no bound")
+    text.add_option("--memory", options.memory, "Memory for the importer; 0 is no bound")
+        ->type_name("MIB")
+        ->check(CLI::Range(std::size_t{0}, kMostMebibytes).description(""))
+        ->capture_default_str();
+    text.add_option("--disk", options.disk, "Disk for the importer's files; 0 is no bound")
         ->type_name("MIB")
         ->check(CLI::Range(std::size_t{0}, kMostMebibytes).description(""))
         ->capture_default_str();
@@ -104,7 +109,8 @@ Request requestOf(Options& options, Command command) {
     // Rounded up: no time at all means no bound.
     request.job.limits.time =
         std::chrono::microseconds(static_cast<std::int64_t>(std::ceil(options.seconds * 1e6)));
-    request.job.limits.memory = options.mebibytes;
+    request.job.limits.memory = options.memory;
+    request.job.limits.disk = options.disk;
     return request;
 }
 

@@ -36,10 +36,20 @@ SharedProgress::~SharedProgress() {
     }
 }
 
+void SharedProgress::beginForeign(Phase phase) {
+    // In this order: whoever sees the phase sees its time, too.
+    page_->since = now();
+    page_->phase = phase;
+}
+
 void SharedProgress::takeInHand(std::size_t file) {
     page_->file = file;
-    page_->since = now();
-    page_->phase = Phase::InHand;
+    beginForeign(Phase::InHand);
+}
+
+bool SharedProgress::isForeign() const {
+    const Phase current = phase();
+    return current == Phase::Loading || current == Phase::InHand || current == Phase::Releasing;
 }
 
 std::chrono::nanoseconds SharedProgress::timeInHand() const {

@@ -46,13 +46,19 @@ public:
     [[nodiscard]] Phase phase() const { return page_->phase; }
     void setPhase(Phase phase) { page_->phase = phase; }
 
+    /// Sets a phase in which foreign code runs, and the time of its begin.
+    void beginForeign(Phase phase);
+
     /// Takes the file of this number, counted from 0, in hand.
     void takeInHand(std::size_t file);
+
+    /// Whether foreign code runs: while loading, with a file in hand, and while releasing.
+    [[nodiscard]] bool isForeign() const;
 
     /// The file in hand, or the one that was last.
     [[nodiscard]] std::size_t file() const { return page_->file; }
 
-    /// How long the file has been in hand.
+    /// The time since foreign code last began to run, such as that of the file in hand.
     [[nodiscard]] std::chrono::nanoseconds timeInHand() const;
 
     [[nodiscard]] OutputState output() const;

@@ -58,26 +58,21 @@ SignalWatch::~SignalWatch() {
     ::sigprocmask(SIG_SETMASK, &maskBefore_, nullptr);
 }
 
-std::optional<ChildEnd> SignalWatch::waitFor(pid_t child, int& signal) const {
-    signal = 0;
-    while (true) {
-        // Of several signals the lowest number comes first, and that of a child's end is the
-        // highest: a child that dies of the signal that ends us all is no crash.
-        const int arrived = ::sigwaitinfo(&watched_, nullptr);
-        if (arrived > 0 && arrived != SIGCHLD) {
-            signal = arrived;
-            return std::nullopt;
-        }
-        // A stopped child sends the signal, too.
-        if (const std::optional<ChildEnd> end = endOf(child, WNOHANG)) {
-            return end;
-        }
-    }
+std::optional<ChildEnd> SignalWatch::waitFor(pid_t child, std::chrono::nanoseconds longest,
+                                             int& signal) const {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(longest);
+    const timespec timeout{seconds.count(), (longest - seconds).count()};
+    // Of several signals the lowest number comes first, and that of a child's end is the highest: a
+    // child that dies of the signal that ends us all is no crash.
+    const int arrived = ::sigtimedwait(&watched_, nullptr, &timeout);
+    signal = arrived > 0 && arrived != SIGCHLD ? arrived : 0;
+    // A stopped child sends the signal, too.
+    return arrived == SIGCHLD ? endOf(child, WNOHANG) : std::nullopt;
 }
 
-void SignalWatch::kill(pid_t child) {
+ChildEnd SignalWatch::kill(pid_t child) {
     ::kill(child, SIGKILL);
-    endOf(child, 0);
+    return endOf(child, 0).value_or(ChildEnd());
 }
 
 void dieOf(int signal) {

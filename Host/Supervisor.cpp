@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -17,6 +19,12 @@
 namespace host {
 namespace {
 
+// How often this process looks what a worker is doing.
+constexpr std::chrono::milliseconds kLookInterval(200);
+
+// By how much a worker may overrun its deadline before this process steps in.
+constexpr std::chrono::seconds kGrace(1);
+
 void tell(std::string_view subject, std::string_view message) {
     static_cast<void>(writeAll(STDERR_FILENO, errorLine(subject, message)));
 }
@@ -27,7 +35,7 @@ Ending Supervisor::run() {
     const pid_t watcher = ::getpid();
     std::size_t first = 0;
     while (true) {
-        progress_.setPhase(Phase::Loading);
+        progress_.beginForeign(Phase::Loading);
         const pid_t child = ::fork();
         if (child < 0) {
             tell("cannot start a process", std::strerror(errno));
@@ -37,7 +45,7 @@ Ending Supervisor::run() {
             work(watcher, first);
         }
         int signal = 0;
-        const std::optional<ChildEnd> end = signals_.waitFor(child, signal);
+        const std::optional<ChildEnd> end = watch(child, signal);
         if (!end) {
             SignalWatch::kill(child);
             return {kSomeFailed, signal};
@@ -45,8 +53,38 @@ Ending Supervisor::run() {
         if (const std::optional<Ending> ending = judge(*end)) {
             return *ending;
         }
+        // What the worker left would count as its successor's.
+        folder_.clear();
         first = progress_.file() + 1;
     }
+}
+
+std::optional<ChildEnd> Supervisor::watch(pid_t child, int& signal) const {
+    while (true) {
+        std::optional<ChildEnd> end = signals_.waitFor(child, kLookInterval, signal);
+        if (end || signal != 0) {
+            return end;
+        }
+        if (const Overrun found = overrun(); found != Overrun::None) {
+            end = SignalWatch::kill(child);
+            end->overrun = found;
+            return end;
+        }
+    }
+}
+
+// A worker bounds itself as far as it can, but foreign code can undo that.
+Overrun Supervisor::overrun() const {
+    if (!progress_.isForeign()) {
+        return Overrun::None;
+    }
+    const Limits& limits = job_.limits;
+    if (limits.time.count() != 0 && progress_.timeInHand() > limits.time + kGrace) {
+        return Overrun::Time;
+    }
+    const bool isTooLarge =
+        limits.disk != 0 && folder_.holdsMoreThan(static_cast<std::uint64_t>(limits.disk) << 20);
+    return isTooLarge ? Overrun::Disk : Overrun::None;
 }
 
 void Supervisor::work(pid_t watcher, std::size_t first) noexcept {

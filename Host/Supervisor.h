@@ -6,6 +6,8 @@
 
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
 #include <optional>
 
@@ -48,6 +50,8 @@ public:
 
 private:
     [[noreturn]] void work(pid_t watcher, std::size_t first) noexcept;
+    [[nodiscard]] std::optional<ChildEnd> watch(pid_t child, int& signal) const;
+    [[nodiscard]] Overrun overrun() const;
     [[nodiscard]] std::optional<Ending> judge(const ChildEnd& end);
     [[nodiscard]] std::optional<Ending> loseFile(const ChildEnd& end);
     [[nodiscard]] Ending loseImporter(const ChildEnd& end, const char* when, int status) const;

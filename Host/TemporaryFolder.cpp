@@ -36,6 +36,72 @@ bool isOurForm(std::string_view name) {
            });
 }
 
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+// The entries of a folder, one at a time; none of one that cannot be read.
+class Entries {
+public:
+    explicit Entries(const std::string& path) : folder_(::opendir(path.c_str())) {}
+    Entries(const Entries& parent, const char* name) {
+        FileDescriptor folder(
+            ::openat(parent.descriptor(), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        folder_.reset(folder ? ::fdopendir(folder.get()) : nullptr);
+        if (folder_) {
+            static_cast<void>(folder.release());
+        }
+    }
+
+    // Null at the end.
+    const char* next() {
+        while (const dirent* entry = folder_ ? ::readdir(folder_.get()) : nullptr) {
+            const std::string_view name = entry->d_name;
+            if (name != "." && name != "..") {
+                return entry->d_name;
+            }
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] int descriptor() const { return ::dirfd(folder_.get()); }
+
+private:
+    std::unique_ptr<DIR, CloseFolder> folder_;
+};
+
+// Adds up what entries occupy until that is more than a bound.
+class Measure {
+public:
+    explicit Measure(std::uint64_t bound) : bound_(bound) {}
+
+    [[nodiscard]] bool isExceeded() const { return sum_ > bound_; }
+
+    void add(Entries& entries, bool goesDeeper) {
+        while (!isExceeded()) {
+            const char* name = entries.next();
+            if (name == nullptr) {
+                return;
+            }
+            struct stat status {};
+            if (::fstatat(entries.descriptor(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+                continue;
+            }
+            sum_ += std::max(static_cast<std::uint64_t>(status.st_size), kSmallestSize);
+            if (goesDeeper && S_ISDIR(status.st_mode)) {
+                Entries inside(entries, name);
+                add(inside, false);
+            }
+        }
+    }
+
+private:
+    static constexpr std::uint64_t kSmallestSize = 4096;
+
+    std::uint64_t bound_;
+    std::uint64_t sum_ = 0;
+};
+
 void removeTree(const std::string& path) {
     std::error_code ignored;
     std::filesystem::remove_all(path, ignored);
@@ -95,10 +161,6 @@ void removeIfStale(const std::string& base, int baseDescriptor, const char* name
     }
 }
 
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-
 }  // namespace
 
 std::string TemporaryFolder::defaultBase() {
@@ -121,13 +183,10 @@ platform::Result<TemporaryFolder> TemporaryFolder::make(const std::string& base)
 }
 
 void TemporaryFolder::removeStale(const std::string& base) {
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(base.c_str()));
-    if (!folder) {
-        return;
-    }
-    while (const dirent* entry = ::readdir(folder.get())) {
-        if (isOurForm(entry->d_name)) {
-            removeIfStale(base, ::dirfd(folder.get()), entry->d_name);
+    Entries entries(base);
+    while (const char* name = entries.next()) {
+        if (isOurForm(name)) {
+            removeIfStale(base, entries.descriptor(), name);
         }
     }
 }
@@ -143,6 +202,22 @@ TemporaryFolder::TemporaryFolder(TemporaryFolder&& other) noexcept
 TemporaryFolder::~TemporaryFolder() {
     if (!path_.empty()) {
         removeTree(path_);
+    }
+}
+
+bool TemporaryFolder::holdsMoreThan(std::uint64_t bytes) const {
+    Measure measure(bytes);
+    Entries entries(path_);
+    measure.add(entries, true);
+    return measure.isExceeded();
+}
+
+void TemporaryFolder::clear() const {
+    Entries entries(path_);
+    while (const char* name = entries.next()) {
+        if (std::string_view(name) != kLock) {
+            removeTree(path_ + "/" + name);
+        }
     }
 }
 

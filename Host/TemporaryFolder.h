@@ -7,6 +7,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "Host/FileDescriptor.h"
@@ -34,6 +35,13 @@ public:
     TemporaryFolder& operator=(TemporaryFolder&&) = delete;
 
     [[nodiscard]] const std::string& path() const { return path_; }
+
+    /// Whether the files in the folder and in its folders, no deeper, are larger than `bytes`
+    /// together. Each file and folder counts as a block of 4 KiB at least. Stops counting there.
+    [[nodiscard]] bool holdsMoreThan(std::uint64_t bytes) const;
+
+    /// Removes all that others have left in the folder. What cannot be removed stays, silently.
+    void clear() const;
 
     /// Gives up this process's part in the lock, for a process that was forked from the owner.
     /// Requires: the owner still lives, and removes the folder.

@@ -20,6 +20,8 @@ struct Limits {
     std::chrono::microseconds time{0};
     /// MiB of address space over what the program begins with; 0 is no bound.
     std::size_t memory = 0;
+    /// MiB of temporary files, and of any one file that foreign code writes; 0 is no bound.
+    std::size_t disk = 0;
 };
 
 /// The files, and how to read and write them.

@@ -14,8 +14,8 @@
 namespace host {
 
 void Worker::run(std::size_t first) {
-    progress_.setPhase(Phase::Loading);
-    armDeadline(job_.limits.time);
+    progress_.beginForeign(Phase::Loading);
+    bounds_.impose();
     try {
         load(first);
     } catch (const std::bad_alloc&) {
@@ -34,7 +34,7 @@ void Worker::load(std::size_t first) {
         return;
     }
     platform::Result<Importer> importer = bundle.value().makeImporter();
-    disarmDeadline();
+    bounds_.lift();
     if (!importer) {
         failToLoad(importer.fault().detail);
         return;
@@ -46,16 +46,16 @@ void Worker::load(std::size_t first) {
 void Worker::runFiles(FileRun& files, std::size_t first) {
     for (std::size_t i = first; i < job_.files.size(); ++i) {
         progress_.takeInHand(i);
-        armDeadline(job_.limits.time);
+        bounds_.impose();
         FileOutcome outcome = files.run(job_.files[i]);
-        disarmDeadline();
+        bounds_.lift();
         if (!report(outcome)) {
             endProcess(EXIT_FAILURE);
         }
         progress_.setPhase(Phase::Written);
     }
-    progress_.setPhase(Phase::Releasing);
-    armDeadline(job_.limits.time);
+    progress_.beginForeign(Phase::Releasing);
+    bounds_.impose();
 }
 
 bool Worker::report(FileOutcome& outcome) {
@@ -82,6 +82,7 @@ bool Worker::report(FileOutcome& outcome) {
 }
 
 void Worker::failToLoad(std::string_view cause) {
+    bounds_.lift();
     static_cast<void>(writeAll(STDERR_FILENO, errorLine(job_.importer, cause)));
     progress_.setPhase(Phase::LoadFailed);
 }

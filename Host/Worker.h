@@ -11,6 +11,7 @@
 #include "Host/FileRun.h"
 #include "Host/SharedProgress.h"
 #include "Host/TextJob.h"
+#include "Host/WorkerProcess.h"
 
 namespace host {
 
@@ -19,7 +20,7 @@ class Worker {
 public:
     /// Both must outlive this object.
     Worker(const TextJob& job, SharedProgress& progress)
-        : job_(job), progress_(progress), output_(job.form, progress) {}
+        : job_(job), progress_(progress), output_(job.form, progress), bounds_(job.limits) {}
 
     /// Loads the importer and runs the files from `first` on through it. The progress says how that
     /// ended; what a person needs to know has been written.
@@ -34,6 +35,7 @@ private:
     const TextJob& job_;
     SharedProgress& progress_;
     Output output_;
+    ForeignBounds bounds_;
 };
 
 }  // namespace host

@@ -38,7 +38,10 @@ std::string describeEnd(const ChildEnd& end, const Limits& limits) {
                std::to_string(WEXITSTATUS(end.status)) + ")";
     }
     const int signal = WTERMSIG(end.status);
-    if (signal == SIGALRM && limits.time.count() != 0) {
+    if (end.overrun == Overrun::Disk || (signal == SIGXFSZ && limits.disk != 0)) {
+        return "used more disk than " + std::to_string(limits.disk) + " MiB";
+    }
+    if (end.overrun == Overrun::Time || (signal == SIGALRM && limits.time.count() != 0)) {
         return "took longer than " + secondsOf(limits.time);
     }
     if (usedUpMemory(end, limits)) {

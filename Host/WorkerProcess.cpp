@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/time.h>
 #include <unistd.h>
 
@@ -44,6 +43,15 @@ std::uint64_t addressSpaceInUse() {
     return std::strtoull(text, nullptr, 10) * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
 }
 
+// The process is killed when the time is over; 0 is never.
+void setAlarm(std::chrono::microseconds time) {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
+    itimerval timer{};
+    timer.it_value.tv_sec = seconds.count();
+    timer.it_value.tv_usec = (time - seconds).count();
+    ::setitimer(ITIMER_REAL, &timer, nullptr);
+}
+
 }  // namespace
 
 void endWith(pid_t watcher) {
@@ -55,6 +63,7 @@ void endWith(pid_t watcher) {
 
 void resetSignals() {
     ::signal(SIGALRM, SIG_DFL);
+    ::signal(SIGXFSZ, SIG_DFL);
     ::signal(SIGPIPE, SIG_IGN);
     sigset_t none;
     ::sigemptyset(&none);
@@ -73,16 +82,25 @@ void boundMemory(std::size_t mebibytes) {
     ::setrlimit(RLIMIT_AS, &space);
 }
 
-void armDeadline(std::chrono::microseconds time) {
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
-    itimerval timer{};
-    timer.it_value.tv_sec = seconds.count();
-    timer.it_value.tv_usec = (time - seconds).count();
-    ::setitimer(ITIMER_REAL, &timer, nullptr);
+ForeignBounds::ForeignBounds(const Limits& limits) : time_(limits.time), ownFileSize_{} {
+    if (::getrlimit(RLIMIT_FSIZE, &ownFileSize_) != 0) {
+        ownFileSize_ = {RLIM_INFINITY, RLIM_INFINITY};
+    }
+    foreignFileSize_ = ownFileSize_;
+    if (limits.disk != 0) {
+        foreignFileSize_.rlim_cur =
+            std::min(static_cast<rlim_t>(limits.disk) << 20, ownFileSize_.rlim_cur);
+    }
 }
 
-void disarmDeadline() {
-    armDeadline(std::chrono::microseconds(0));
+void ForeignBounds::impose() const {
+    ::setrlimit(RLIMIT_FSIZE, &foreignFileSize_);
+    setAlarm(time_);
+}
+
+void ForeignBounds::lift() const {
+    setAlarm(std::chrono::microseconds(0));
+    ::setrlimit(RLIMIT_FSIZE, &ownFileSize_);
 }
 
 void endProcess(int status) {

@@ -13,6 +13,10 @@ bool Document::canConcurrentlyReadDocumentsOfType(std::string_view) {
 void Document::updateChangeCount(ChangeKind change) {
     switch (change) {
         case ChangeKind::Done:
+            // What was undone below the save could only come back by redoing, and a new change
+            // ends that.
+            hasLeftTheFile_ = hasLeftTheFile_ || changeCount_ < 0;
+            [[fallthrough]];
         case ChangeKind::Redone:
             ++changeCount_;
             break;
@@ -21,10 +25,10 @@ void Document::updateChangeCount(ChangeKind change) {
             break;
         case ChangeKind::Cleared:
             changeCount_ = 0;
-            readOtherContents_ = false;
+            hasLeftTheFile_ = false;
             break;
         case ChangeKind::ReadOtherContents:
-            readOtherContents_ = true;
+            hasLeftTheFile_ = true;
             break;
         case ChangeKind::Autosaved:
             // The document's own file did not change.

@@ -69,10 +69,11 @@ public:
     /// Selector: updateChangeCount:
     virtual void updateChangeCount(ChangeKind change);
 
-    /// Whether the contents differ from the file's: more or fewer changes than at the last save.
+    /// Whether the contents differ from the file's: more or fewer changes than at the last save, or
+    /// changes that undoing and redoing cannot take back to it.
     ///
     /// Selector: isDocumentEdited
-    [[nodiscard]] bool isDocumentEdited() const { return changeCount_ != 0 || readOtherContents_; }
+    [[nodiscard]] bool isDocumentEdited() const { return changeCount_ != 0 || hasLeftTheFile_; }
 
     /// Reads the document from the file at `url`. Returns false when that fails, then perhaps with
     /// an error at the location.
@@ -112,7 +113,8 @@ private:
     std::optional<std::string> fileType_;
     std::optional<Date> fileModificationDate_;
     std::int64_t changeCount_ = 0;
-    bool readOtherContents_ = false;
+    // Until the next save, no count leads back to what the file holds.
+    bool hasLeftTheFile_ = false;
 };
 
 }  // namespace platform

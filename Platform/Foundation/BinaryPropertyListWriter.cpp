@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/NameTable.h"
 #include "Platform/Foundation/PropertyListDecoder.h"
 #include "Platform/Foundation/Unicode.h"
 
@@ -158,11 +159,11 @@ private:
     }
 
     std::uint64_t addScalar(std::string bytes) {
-        const auto [place, isNew] = scalars_.try_emplace(bytes, entries_.size());
+        const auto [number, isNew] = scalars_.add(bytes, entries_.size());
         if (isNew) {
             entries_.push_back({std::move(bytes), 0, 0, {}});
         }
-        return place->second;
+        return number;
     }
 
     Result<std::uint64_t> addArray(const Array& array, unsigned depth) {
@@ -201,7 +202,7 @@ private:
     }
 
     std::vector<Entry> entries_;
-    std::unordered_map<std::string, std::uint64_t> scalars_;
+    NameTable scalars_;
     std::unordered_map<const void*, std::uint64_t> containers_;
 };
 

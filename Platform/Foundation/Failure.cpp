@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "Platform/Foundation/Unicode.h"
+
 namespace platform {
 namespace {
 
@@ -10,27 +12,34 @@ namespace {
 struct Line {
     std::array<char, 512> text;
     std::size_t size;
+    bool isFull;
 
-    void append(std::string_view part) noexcept {
-        for (const char c : part) {
-            if (size + 1 >= text.size()) {
-                cutInsideCharacter();
-                break;
-            }
-            const auto byte = static_cast<unsigned char>(c);
-            text[size++] = byte < 0x20 || byte == 0x7F ? ' ' : c;
-        }
-        text[size] = '\0';
+    void clear() noexcept {
+        size = 0;
+        isFull = false;
+        text[0] = '\0';
     }
 
-    // A full line may end in the first bytes of a character: they go.
-    void cutInsideCharacter() noexcept {
-        std::size_t start = size;
-        while (start > 0 && (static_cast<unsigned char>(text[start - 1]) & 0xC0) == 0x80) {
-            --start;
+    void append(std::string_view part) noexcept {
+        while (!part.empty() && !isFull) {
+            const std::size_t length = utf8FormLength(part);
+            const auto first = static_cast<unsigned char>(part.front());
+            if (length == 0) {
+                // Causes quote paths, which may hold any bytes.
+                appendForm("\uFFFD");
+            } else {
+                appendForm(first < 0x20 || first == 0x7F ? " " : part.substr(0, length));
+            }
+            part.remove_prefix(length == 0 ? 1 : length);
         }
-        if (start > 0 && static_cast<unsigned char>(text[start - 1]) >= 0xC0) {
-            size = start - 1;
+    }
+
+private:
+    void appendForm(std::string_view form) noexcept {
+        isFull = form.size() >= text.size() - size;
+        if (!isFull) {
+            size += form.copy(text.data() + size, form.size());
+            text[size] = '\0';
         }
     }
 };
@@ -48,7 +57,7 @@ void noteFailure(std::string_view cause) noexcept {
     for (const FailureContext* c = innermost; c != nullptr && count < kMaxContexts; c = c->outer_) {
         contexts[count++] = c->what_;
     }
-    line.size = 0;
+    line.clear();
     while (count > 0) {
         line.append(contexts[--count]);
         line.append(": ");

@@ -12,7 +12,8 @@
 namespace platform {
 
 /// Keeps `cause` as the calling thread's last failure, with the open contexts in front of it. It is
-/// cut to a few hundred bytes, between characters; control characters become blanks.
+/// cut to a few hundred bytes, between characters; control characters become blanks, bytes that are
+/// no UTF-8 become U+FFFD.
 void noteFailure(std::string_view cause) noexcept;
 
 /// Does the same unless the thread has a failure already, which then tells more.

@@ -1,6 +1,5 @@
 #include "Platform/Foundation/Unicode.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -164,6 +163,14 @@ std::string utf8FromUtf16(std::u16string_view text) {
         }
     }
     return result;
+}
+
+std::size_t utf8FormLength(std::string_view text) noexcept {
+    if (text.empty() || static_cast<unsigned char>(text.front()) < 0x80) {
+        return text.empty() ? 0 : 1;
+    }
+    std::size_t length = 0;
+    return decodeLongForm(text, length) != kInvalid ? length : 0;
 }
 
 void appendUtf8(std::string& text, char32_t codePoint) {

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,6 +23,10 @@ inline constexpr char16_t kReplacementCharacter = 0xFFFD;
 
 /// Returns `text` as UTF-8 with U+FFFD for each lone surrogate.
 [[nodiscard]] std::string utf8FromUtf16(std::u16string_view text);
+
+/// Returns the number of bytes of the form that `text` begins with; 0 when it is not valid UTF-8,
+/// or empty.
+[[nodiscard]] std::size_t utf8FormLength(std::string_view text) noexcept;
 
 /// Appends to `text` the UTF-8 form of one code point. Requires: it is no surrogate and at most
 /// U+10FFFF.

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 #include <type_traits>
-#include <unordered_map>
 
+#include "Platform/Foundation/NameTable.h"
 #include "Platform/Foundation/Unicode.h"
 
 namespace platform {
@@ -207,10 +207,6 @@ bool operator==(const Value& first, const Value& second) {
         first.content_);
 }
 
-struct Dictionary::Index {
-    std::unordered_map<std::string, std::size_t> places;
-};
-
 namespace {
 
 // Up to here a linear search is as fast as a hash look-up.
@@ -235,7 +231,7 @@ Dictionary::Dictionary(std::vector<Entry> entries) {
 
 Dictionary::Dictionary(const Dictionary& other)
     : entries_(other.entries_),
-      index_(other.index_ ? std::make_unique<Index>(*other.index_) : nullptr) {
+      index_(other.index_ ? std::make_unique<NameTable>(*other.index_) : nullptr) {
 }
 
 Dictionary& Dictionary::operator=(Dictionary other) noexcept {
@@ -246,8 +242,8 @@ Dictionary& Dictionary::operator=(Dictionary other) noexcept {
 
 const Value* Dictionary::find(std::string_view key) const {
     if (index_) {
-        const auto place = index_->places.find(std::string(key));
-        return place != index_->places.end() ? &entries_[place->second].second : nullptr;
+        const std::size_t* const place = index_->find(key);
+        return place != nullptr ? &entries_[*place].second : nullptr;
     }
     const auto entry = std::find_if(entries_.begin(), entries_.end(),
                                     [&](const Entry& e) { return e.first == key; });
@@ -265,13 +261,13 @@ void Dictionary::set(std::string key, Value value) {
         return;
     }
     if (index_) {
-        index_->places.emplace(key, entries_.size());
+        index_->add(key, entries_.size());
     }
     entries_.emplace_back(std::move(key), std::move(value));
     if (!index_ && entries_.size() > kLargestUnindexed) {
-        index_ = std::make_unique<Index>();
+        index_ = std::make_unique<NameTable>();
         for (std::size_t i = 0; i < entries_.size(); ++i) {
-            index_->places.emplace(entries_[i].first, i);
+            index_->add(entries_[i].first, i);
         }
     }
 }

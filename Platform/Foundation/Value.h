@@ -21,6 +21,7 @@ namespace platform {
 
 class Value;
 class Dictionary;
+class NameTable;
 
 /// The root of all classes whose instances values can hold.
 class Object {
@@ -154,11 +155,11 @@ public:
     friend bool operator==(const Dictionary& first, const Dictionary& second);
 
 private:
-    struct Index;
+    friend class DictionaryTestPeer;
 
     std::vector<Entry> entries_;
-    // Only where a linear search would not do.
-    std::unique_ptr<Index> index_;
+    // The keys' places, only where a linear search would not do.
+    std::unique_ptr<NameTable> index_;
 };
 
 }  // namespace platform

@@ -156,6 +156,14 @@ public:
 
     void entityDeclaration() { fail("declared entity"); }
 
+    // Each one is compared with all others of its element.
+    void attributeDeclaration() { fail("declared attribute"); }
+
+    // With a document type, a reference to nothing is no error to the parser.
+    void skippedEntity(std::string_view name) {
+        fail("undefined entity &" + std::string(name) + ";");
+    }
+
 private:
     std::string place() const {
         return " in line " + std::to_string(XML_GetCurrentLineNumber(parser_));
@@ -255,6 +263,15 @@ void onEntity(void* userData, const XML_Char*, int, const XML_Char*, int, const 
     builderOf(userData).entityDeclaration();
 }
 
+void onAttribute(void* userData, const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*,
+                 int) {
+    builderOf(userData).attributeDeclaration();
+}
+
+void onSkippedEntity(void* userData, const XML_Char* name, int) {
+    builderOf(userData).skippedEntity(name);
+}
+
 }  // namespace
 
 Result<Value> valueFromXml(const Data& data) {
@@ -273,6 +290,8 @@ Result<Value> valueFromXml(const Data& data) {
     XML_SetElementHandler(parser.get(), onStart, onEnd);
     XML_SetCharacterDataHandler(parser.get(), onCharacters);
     XML_SetEntityDeclHandler(parser.get(), onEntity);
+    XML_SetAttlistDeclHandler(parser.get(), onAttribute);
+    XML_SetSkippedEntityHandler(parser.get(), onSkippedEntity);
     constexpr std::size_t kPiece = 1 << 20;
     XML_Status status = XML_STATUS_OK;
     do {

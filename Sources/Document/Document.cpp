@@ -23,6 +23,8 @@ using platform::Value;
 
 namespace {
 
+constexpr char kPdfType[] = "com.adobe.pdf";
+
 bool isPackageType(const std::string& type) {
     return TypeRegistry::typeConformsTo(type, kForeignDocumentType) ||
            TypeRegistry::typeConformsTo(type, kDocumentType);
@@ -151,7 +153,12 @@ void Document::readText(const FileWrapper& member) {
     }
 }
 
-bool Document::readFromData(const Data& data, const std::string&, ErrorLocation) {
+bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
+    if (TypeRegistry::typeConformsTo(ofType, kPdfType)) {
+        // FIXME: extract the pages' text.
+        noteFailure("PDF is not read yet");
+        return false;
+    }
     auto text = platform::attributedStringFromData(data);
     if (!text) {
         noteFailure(text.fault().detail);

@@ -29,6 +29,9 @@ enum class Editing : bool { No, Yes };
 /// Whether a document's tags panel is shown.
 enum class TagsPanelVisible : bool { No, Yes };
 
+/// Whether the user interface has to set the defaults for printing up.
+enum class SetUpPrintInfoDefaults : bool { No, Yes };
+
 /// The size of a window, in points.
 struct WindowSize {
     double width = 0;
@@ -86,6 +89,23 @@ public:
     /// Selector: replaceRealStorageWithAttributedString:
     void replaceRealStorageWithAttributedString(platform::AttributedString text);
 
+    /// The application's main window controller; null when there is none, or none any more. It
+    /// belongs to the user interface: kept here for it, never used.
+    [[nodiscard]] std::shared_ptr<platform::Object> mainWindowController() const {
+        return mainWindowController_.lock();
+    }
+    void setMainWindowController(std::weak_ptr<platform::Object> controller) {
+        mainWindowController_ = std::move(controller);
+    }
+
+    /// A flag of the user interface: kept here for it, never used.
+    [[nodiscard]] SetUpPrintInfoDefaults setUpPrintInfoDefaults() const {
+        return setUpPrintInfoDefaults_;
+    }
+    void setSetUpPrintInfoDefaults(SetUpPrintInfoDefaults setUp) {
+        setUpPrintInfoDefaults_ = setUp;
+    }
+
     /// The text; never null.
     [[nodiscard]] const std::shared_ptr<platform::TextStorage>& textStorage() const {
         return textStorage_;
@@ -134,7 +154,9 @@ private:
     [[nodiscard]] bool readPackage(const std::string& path, platform::ErrorLocation error);
     void readText(const platform::FileWrapper& member);
 
+    std::weak_ptr<platform::Object> mainWindowController_;
     std::shared_ptr<platform::TextStorage> textStorage_ = std::make_shared<platform::TextStorage>();
+    SetUpPrintInfoDefaults setUpPrintInfoDefaults_ = SetUpPrintInfoDefaults::No;
     Editing editing_ = Editing::Yes;
     TagsPanelVisible tagsPanelVisible_ = TagsPanelVisible::Yes;
     std::optional<platform::Array> customTagTemplates_;

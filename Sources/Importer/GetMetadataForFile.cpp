@@ -12,22 +12,22 @@
 
 namespace {
 
-std::string utf8FromCFString(CFStringRef string) {
+std::optional<std::string> utf8FromCFString(CFStringRef string) {
     const CFIndex size =
         CFStringGetMaximumSizeForEncoding(CFStringGetLength(string), kCFStringEncodingUTF8) + 1;
     std::string text(static_cast<std::size_t>(size), '\0');
     if (!CFStringGetCString(string, text.data(), size, kCFStringEncodingUTF8)) {
-        return {};
+        return std::nullopt;
     }
     text.resize(text.find('\0'));
     return text;
 }
 
-std::string fileSystemPath(CFStringRef path) {
+std::optional<std::string> fileSystemPath(CFStringRef path) {
     const CFIndex size = CFStringGetMaximumSizeOfFileSystemRepresentation(path);
     std::string text(static_cast<std::size_t>(size), '\0');
     if (!CFStringGetFileSystemRepresentation(path, text.data(), size)) {
-        return {};
+        return std::nullopt;
     }
     text.resize(text.find('\0'));
     return text;
@@ -49,11 +49,18 @@ void setTextContent(CFMutableDictionaryRef attributes, const std::u16string& tex
 Boolean GetMetadataForFile(void*, CFMutableDictionaryRef attributes, CFStringRef contentTypeUTI,
                            CFStringRef pathToFile) {
     platform::clearFailure();
+    // A lone surrogate, say, has no bytes.
+    const auto path = fileSystemPath(pathToFile);
+    const auto type = utf8FromCFString(contentTypeUTI);
+    if (!path || !type) {
+        platform::noteFailure(path ? "the content type is no valid text"
+                                   : "the path is no valid text");
+        return false;
+    }
     const auto document = parlavox::Document::init();
     std::optional<platform::Error> error;
     const bool wasRead =
-        document->readFromURL(platform::URL::fileURLWithPath(fileSystemPath(pathToFile)),
-                              utf8FromCFString(contentTypeUTI), &error);
+        document->readFromURL(platform::URL::fileURLWithPath(*path), *type, &error);
     if (wasRead && !error) {
         setTextContent(attributes, document->textStorage()->string());
         platform::clearFailure();

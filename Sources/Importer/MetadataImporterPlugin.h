@@ -87,7 +87,8 @@ PV_IMPORTER_EXPORT ULONG MetadataImporterPluginRelease(void* instance) PV_IMPORT
 
 /* Reads the file at `pathToFile`, a POSIX path, as one of type `contentTypeUTI`, and sets its text
  * in `attributes` under kMDItemTextContent; no other attribute is touched. Returns whether the file
- * was read; when it was not, the attributes are as they were. */
+ * was read; when it was not, the attributes are as they were. A path or type that is no valid text
+ * (one with a lone surrogate, say) is refused. */
 PV_IMPORTER_EXPORT Boolean GetMetadataForFile(void* instance, CFMutableDictionaryRef attributes,
                                               CFStringRef contentTypeUTI, CFStringRef pathToFile);
 

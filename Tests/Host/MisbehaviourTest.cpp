@@ -1,5 +1,6 @@
 // The program over importers that do what importers must not do.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <unistd.h>
@@ -34,8 +35,8 @@ protected:
     const std::string after = folder.write("after.txt", "");
 
     [[nodiscard]] std::vector<std::string> arguments(const std::string& name) const {
-        return {"text", "--importer", importer(name), "--timeout", "1", "--memory=64",
-                before, bad,          after};
+        return {"text",        "--importer", importer(name), "--timeout", "1",
+                "--memory=64", "--disk=1",   before,         bad,         after};
     }
 
     [[nodiscard]] std::string header(const std::string& path) const {
@@ -65,6 +66,9 @@ constexpr Row kFailing[] = {
     {"Exit", "the importer ended the process (exit status 0)"},
     {"Endless", "took longer than 1 s"},
     {"Hog", "used more memory than 64 MiB"},
+    {"BlockAlarm", "took longer than 1 s"},
+    {"Flood", "used more disk than 1 MiB"},
+    {"LargeFile", "used more disk than 1 MiB"},
     {"ThrowError", "the seventh page is missing"},
     {"ThrowNumber", "unknown exception"},
     {"ThrowMemory", "out of memory"},
@@ -113,6 +117,35 @@ TEST_F(MisbehaviourTest, IsALineOfJsonLikeAnyOther) {
         EXPECT_FALSE(std::getline(lines, line)) << line;
         expectNothingLeft(run);
     }
+}
+
+TEST_F(MisbehaviourTest, FilesLeftByAStoppedWorkerAreNotItsSuccessors) {
+    const ProgramRun run = Program::run(
+        {"text", "--importer", importer("Flood"), "--timeout=20", "--disk=1", bad, bad, after});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, header(after) + after);
+    const std::string line = "pvindex: " + bad + ": used more disk than 1 MiB\n";
+    EXPECT_EQ(run.error, line + line);
+    expectNothingLeft(run);
+}
+
+TEST_F(MisbehaviourTest, TheProgramsOwnOutputMayBeLargerThanTheBoundOnDisk) {
+    // The output goes to a file, and begins behind the bound.
+    const std::string path = folder.write("output", std::string(std::size_t{2} << 20, 'x'));
+    const int output = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    const ProgramRun run =
+        Program({"text", "--importer", importer("Flood"), "--disk=1", before, after}, output)
+            .finish();
+    ::close(output);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.error, "");
+}
+
+TEST_F(MisbehaviourTest, NoBoundOnDiskLetsAllFilesBeWritten) {
+    const ProgramRun run =
+        Program::run({"text", "--importer", importer("LargeFile"), "--disk=0", bad});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.error, "");
 }
 
 TEST_F(MisbehaviourTest, SuccessWithoutTextIsAnEmptyText) {

@@ -193,6 +193,7 @@ TEST_F(ProgramTest, AWrongCommandLineIsOneLine) {
         {"text", "--timeout", "soon", "a"},
         {"text", "--timeout=-1", "a"},
         {"text", "--memory", "-1", "a"},
+        {"text", "--disk", "-1", "a"},
         {"text", "--type", "", "a"},
         {"text", "--type", "\xFF", "a"},
         {"types", "a"},

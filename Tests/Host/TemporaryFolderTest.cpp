@@ -64,6 +64,44 @@ TEST_F(TemporaryFolderTest, NeedsABaseThatIsThere) {
     EXPECT_EQ(folder.fault().detail, "No such file or directory");
 }
 
+TEST_F(TemporaryFolderTest, FilesCountAlsoInItsFolders) {
+    constexpr std::size_t kBlock = 4096;
+    const platform::Result<TemporaryFolder> made = TemporaryFolder::make(base.path());
+    ASSERT_TRUE(made);
+    const TemporaryFolder& folder = made.value();
+    const std::string name = fs::path(folder.path()).filename();
+    // Its lock.
+    EXPECT_TRUE(folder.holdsMoreThan(0));
+    EXPECT_FALSE(folder.holdsMoreThan(kBlock));
+    base.write(name + "/file", std::string(100'000, 'x'));
+    EXPECT_TRUE(folder.holdsMoreThan(100'000));
+    EXPECT_FALSE(folder.holdsMoreThan(100'000 + kBlock));
+    base.write(name + "/sub/file", std::string(200'000, 'x'));
+    EXPECT_TRUE(folder.holdsMoreThan(300'000));
+    fs::create_symlink(base.write("elsewhere", std::string(1'000'000, 'x')),
+                       folder.path() + "/link");
+    fs::create_directory_symlink(base.path(), folder.path() + "/folder-link");
+    EXPECT_FALSE(folder.holdsMoreThan(400'000)) << "a link is no more than itself";
+    for (int i = 0; i < 100; ++i) {
+        base.write(name + "/empty-" + std::to_string(i), "");
+    }
+    EXPECT_TRUE(folder.holdsMoreThan(300'000 + 100 * kBlock)) << "empty files take room, too";
+}
+
+TEST_F(TemporaryFolderTest, IsClearedOfAllButItsLock) {
+    const platform::Result<TemporaryFolder> made = TemporaryFolder::make(base.path());
+    ASSERT_TRUE(made);
+    const std::string path = made.value().path();
+    base.write("elsewhere/file", "");
+    fs::create_directories(path + "/a/b");
+    fs::create_directory_symlink(base.path("elsewhere"), path + "/link");
+    made.value().clear();
+    EXPECT_FALSE(fs::exists(path + "/a"));
+    EXPECT_FALSE(fs::exists(fs::symlink_status(path + "/link")));
+    EXPECT_TRUE(fs::exists(path + "/lock"));
+    EXPECT_TRUE(fs::exists(base.path("elsewhere/file")));
+}
+
 TEST_F(TemporaryFolderTest, AForkedProcessLeavesItToItsOwner) {
     platform::Result<TemporaryFolder> made = TemporaryFolder::make(base.path());
     ASSERT_TRUE(made);

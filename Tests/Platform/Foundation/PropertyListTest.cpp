@@ -39,6 +39,12 @@ std::string xml(std::string_view content) {
            std::string(content) + "</plist>\n";
 }
 
+/// The document type that the platform writes, on a line of its own.
+std::string standardDocumentType() {
+    return "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n";
+}
+
 Value everyKind() {
     return Dictionary{
         {"array", Value(Array{Value(1), Value(u"two"), Value(Array{}), Value(Dictionary())})},
@@ -335,6 +341,13 @@ TEST(XmlPropertyList, ReadsWhatOthersWrite) {
         {"data over lines", xml("<data>\n\tAQ\n\tID\n</data>"), Value(Data::copyOf("\1\2\3"))},
         {"date", xml("<date>1970-01-01T00:00:00Z</date>"), Value(Date{-978307200})},
         {"comments", xml("<array><!-- one --><true/></array>"), Value(Array{Value(true)})},
+        {"the standard document type, which is not loaded",
+         standardDocumentType() + "<plist><string>&amp;&#65;</string></plist>", Value(u"&A")},
+        {"empty internal subset", "<!DOCTYPE plist []><plist><true/></plist>", Value(true)},
+        {"declarations that change nothing",
+         "<!DOCTYPE plist [<!ELEMENT plist ANY><!NOTATION n SYSTEM \"n\">]>"
+         "<plist><true/></plist>",
+         Value(true)},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -373,6 +386,22 @@ TEST(XmlPropertyList, DamageIsNamedWithItsLine) {
          "<!DOCTYPE plist [<!ENTITY a SYSTEM \"/etc/hostname\">]>"
          "<plist><string>&a;</string></plist>",
          "declared entity in line 1"},
+        {"declared attribute",
+         "<!DOCTYPE plist [\n<!ATTLIST string a CDATA \"b\">]><plist><true/></plist>",
+         "declared attribute in line 2"},
+        {"attribute declared without a default",
+         "<!DOCTYPE plist [<!ATTLIST string a (b|c) #IMPLIED>]><plist><true/></plist>",
+         "declared attribute in line 1"},
+        {"undefined entity", xml("<string>\n&foo;</string>"), "undefined entity in line 3"},
+        {"undefined entity with a document type",
+         standardDocumentType() + "<plist>\n<string>a&foo;b</string></plist>",
+         "undefined entity &foo; in line 3"},
+        {"undefined entity between elements",
+         standardDocumentType() + "<plist>&foo;<true/></plist>",
+         "undefined entity &foo; in line 2"},
+        {"entity declared where declarations are passed over",
+         "<!DOCTYPE plist [%p; <!ENTITY foo \"b\">]><plist><string>&foo;</string></plist>",
+         "undefined entity &foo; in line 1"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);

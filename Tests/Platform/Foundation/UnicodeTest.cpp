@@ -57,6 +57,18 @@ TEST(Unicode, InvalidUtf8IsRefusedOrReplacedByteByByte) {
     }
 }
 
+TEST(Unicode, FormsHaveALengthUnlessTheyAreInvalid) {
+    EXPECT_EQ(utf8FormLength(""), 0u);
+    EXPECT_EQ(utf8FormLength("\0"sv), 1u);
+    EXPECT_EQ(utf8FormLength("ab"), 1u);
+    EXPECT_EQ(utf8FormLength("\xC3\xA9z"), 2u);
+    EXPECT_EQ(utf8FormLength("\xE6\x97\xA5"), 3u);
+    EXPECT_EQ(utf8FormLength("\xF0\x9F\x98\x80"), 4u);
+    EXPECT_EQ(utf8FormLength("\xE6\x97"), 0u);
+    EXPECT_EQ(utf8FormLength("\x80"), 0u);
+    EXPECT_EQ(utf8FormLength("\xC0\xAF"), 0u);
+}
+
 TEST(Unicode, LoneSurrogatesBecomeReplacementCharacters) {
     const std::u16string high = {u'a', 0xD83D, u'z'};
     const std::u16string low = {0xDE00, 0xD83D};

@@ -5,7 +5,16 @@
 #include <limits>
 #include <string>
 
+#include "Platform/Foundation/NameTable.h"
+#include "Tests/Support/CollidingNames.h"
+
 namespace platform {
+
+class DictionaryTestPeer {
+public:
+    static const NameTable* index(const Dictionary& dictionary) { return dictionary.index_.get(); }
+};
+
 namespace {
 
 constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
@@ -98,6 +107,18 @@ TEST(Dictionary, FindsKeysAmongFewAndMany) {
         EXPECT_EQ(copy.find("other"), nullptr);
         EXPECT_TRUE(copy["other"].isNull());
     }
+}
+
+TEST(Dictionary, KeysThatWereChosenToCollideAreFoundLikeOthers) {
+    Dictionary dictionary;
+    const auto names = test::collidingNames(10'000);
+    for (const std::string& name : names) {
+        dictionary.set(name, Value(true));
+    }
+    EXPECT_EQ(dictionary.size(), names.size());
+    EXPECT_EQ(dictionary[names.back()], Value(true));
+    ASSERT_NE(DictionaryTestPeer::index(dictionary), nullptr);
+    EXPECT_LT(DictionaryTestPeer::index(dictionary)->largestBucket(), 30u);
 }
 
 }  // namespace

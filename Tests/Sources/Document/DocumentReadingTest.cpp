@@ -320,6 +320,27 @@ TEST_F(DocumentReading, ImportsThatFailLeaveWhatTheBaseClassLeaves) {
     EXPECT_FALSE(document->isDocumentEdited());
 }
 
+TEST_F(DocumentReading, PdfIsRefusedWhateverItsBytes) {
+    for (const char* type : {"com.adobe.pdf", "COM.Adobe.PDF"}) {
+        for (const char* bytes : {"%PDF-1.7\n", "plain words", ""}) {
+            SCOPED_TRACE(bytes);
+            platform::clearFailure();
+            const Reading reading = read(Data::copyOf(bytes), type);
+            EXPECT_FALSE(reading.wasRead);
+            EXPECT_EQ(reading.error, kUntouched);
+            EXPECT_STREQ(platform::lastFailure(), "PDF is not read yet");
+        }
+    }
+}
+
+TEST_F(DocumentReading, FormatsWithoutAReaderAreRefusedWhateverTheirType) {
+    platform::clearFailure();
+    EXPECT_FALSE(read(Data::copyOf("{\\rtf1 words}"), "public.rtf").wasRead);
+    EXPECT_STREQ(platform::lastFailure(), "RTF is not read yet");
+    EXPECT_FALSE(read(Data::copyOf("%PDF-1.7"), "public.plain-text").wasRead);
+    EXPECT_STREQ(platform::lastFailure(), "PDF is not read yet");
+}
+
 // Making documents.
 
 TEST_F(DocumentReading, NewDocumentHasItsDefaults) {
@@ -328,6 +349,8 @@ TEST_F(DocumentReading, NewDocumentHasItsDefaults) {
     EXPECT_EQ(document->fileURL(), std::nullopt);
     EXPECT_EQ(document->textStorage()->string(), u"");
     EXPECT_EQ(document->isEditing(), Editing::Yes);
+    EXPECT_EQ(document->mainWindowController(), nullptr);
+    EXPECT_EQ(document->setUpPrintInfoDefaults(), SetUpPrintInfoDefaults::No);
     EXPECT_EQ(document->tagsPanelVisible(), TagsPanelVisible::Yes);
     EXPECT_EQ(document->customTagTemplates(), std::nullopt);
     EXPECT_EQ(document->cursorLocation(), 0u);
@@ -348,6 +371,13 @@ TEST_F(DocumentReading, AccessorsStoreAndLoad) {
     document->setWindowSize({640, 480.5});
     const auto color = std::make_shared<const platform::OpaqueObject>();
     document->setBackgroundColor(color);
+    document->setSetUpPrintInfoDefaults(SetUpPrintInfoDefaults::Yes);
+    auto controller = std::make_shared<platform::Object>();
+    document->setMainWindowController(controller);
+    EXPECT_EQ(document->mainWindowController(), controller);
+    controller.reset();
+    EXPECT_EQ(document->mainWindowController(), nullptr) << "the document owns no controller";
+    EXPECT_EQ(document->setUpPrintInfoDefaults(), SetUpPrintInfoDefaults::Yes);
     EXPECT_EQ(document->isEditing(), Editing::No);
     EXPECT_EQ(document->tagsPanelVisible(), TagsPanelVisible::No);
     EXPECT_EQ(document->cursorLocation(), 17u);

@@ -166,27 +166,52 @@ static void checkText(void* instance, const char* samples, const char* name, con
     CFRelease(attributes);
 }
 
-// Expects a refusal that leaves the attributes alone and has `reason` in its line for people.
-static void checkRefusal(CFBundleRef bundle, void* instance, const char* samples, const char* name,
-                         const char* reason) {
+// Expects the importer's line for people to have `reason` in it.
+static void checkReason(CFBundleRef bundle, const char* name, const char* reason) {
     LastFailureFunction lastFailure = NULL;
     const char* line;
-    CFMutableDictionaryRef attributes = makeAttributes();
     void* const bytes = functionNamed(bundle, CFSTR("ParlavoxImporterLastFailure"));
     memcpy(&lastFailure, &bytes, sizeof lastFailure);
-    CFDictionarySetValue(attributes, kMDItemTextContent, CFSTR("before"));
-    CFDictionarySetValue(attributes, CFSTR("kMDItemTitle"), CFSTR("title"));
-    CHECK(import(instance, attributes, samples, name) == 0);
-    CHECK(CFDictionaryGetCount(attributes) == 2);
-    CHECK(CFEqual(CFDictionaryGetValue(attributes, kMDItemTextContent), CFSTR("before")));
-    CHECK(CFEqual(CFDictionaryGetValue(attributes, CFSTR("kMDItemTitle")), CFSTR("title")));
     line = lastFailure();
     CHECK(line != NULL);
     if (line != NULL && strstr(line, reason) == NULL) {
         fprintf(stderr, "%s: \"%s\" has no \"%s\"\n", name, line, reason);
         ++failures;
     }
+}
+
+// Expects a refusal that leaves the attributes alone and has `reason` in its line for people.
+static void checkRefusal(CFBundleRef bundle, void* instance, const char* samples, const char* name,
+                         const char* reason) {
+    CFMutableDictionaryRef attributes = makeAttributes();
+    CFDictionarySetValue(attributes, kMDItemTextContent, CFSTR("before"));
+    CFDictionarySetValue(attributes, CFSTR("kMDItemTitle"), CFSTR("title"));
+    CHECK(import(instance, attributes, samples, name) == 0);
+    CHECK(CFDictionaryGetCount(attributes) == 2);
+    CHECK(CFEqual(CFDictionaryGetValue(attributes, kMDItemTextContent), CFSTR("before")));
+    CHECK(CFEqual(CFDictionaryGetValue(attributes, CFSTR("kMDItemTitle")), CFSTR("title")));
+    checkReason(bundle, name, reason);
     CFRelease(attributes);
+}
+
+// Expects the refusal of a path and of a type that no bytes can stand for.
+static void checkStringsWithoutBytes(CFBundleRef bundle, void* instance) {
+    const UniChar lone[] = {'/', 0xD800};
+    const UniChar nul[] = {'/', 0, 'a'};
+    CFStringRef loneSurrogate = CFStringCreateWithCharacters(kCFAllocatorDefault, lone, 2);
+    CFStringRef nulInside = CFStringCreateWithCharacters(kCFAllocatorDefault, nul, 3);
+    CFMutableDictionaryRef attributes = makeAttributes();
+    const MDImporterInterfaceStruct* const table = tableOf(instance);
+    CHECK(table->ImporterImportData(instance, attributes, OWN_TYPE, loneSurrogate) == 0);
+    checkReason(bundle, "lone surrogate in a path", "the path is no valid text");
+    CHECK(table->ImporterImportData(instance, attributes, OWN_TYPE, nulInside) == 0);
+    checkReason(bundle, "NUL in a path", "the path is no valid text");
+    CHECK(table->ImporterImportData(instance, attributes, loneSurrogate, CFSTR("/")) == 0);
+    checkReason(bundle, "lone surrogate in a type", "the content type is no valid text");
+    CHECK(CFDictionaryGetCount(attributes) == 0);
+    CFRelease(attributes);
+    CFRelease(nulInside);
+    CFRelease(loneSurrogate);
 }
 
 static void checkImports(CFBundleRef bundle, void* instance, const char* samples) {
@@ -207,6 +232,7 @@ static void serve(const char* bundlePath, const char* samples) {
         checkTable(bundle, instance);
         checkCounts(instance);
         checkImports(bundle, instance, samples);
+        checkStringsWithoutBytes(bundle, instance);
         CHECK(tableOf(instance)->Release(instance) == 0);
         CFBundleUnloadExecutable(bundle);
         CHECK(!CFBundleIsExecutableLoaded(bundle));
