@@ -27,8 +27,8 @@ public:
         type = ofType;
         return !note.starts_with("bad");
     }
-    bool openURL(const URL& url, const std::string& type, ErrorLocation error) {
-        return initContentsOfURL(url, type, error);
+    bool openURL(const URL& url, const std::string& ofType, ErrorLocation error) {
+        return initContentsOfURL(url, ofType, error);
     }
 
     std::string note;
