@@ -7,7 +7,8 @@ enum { BLOCK = 1 << 20 };
 static Boolean importBadFile(CFMutableDictionaryRef attributes) {
     (void)attributes;
     for (;;) {
-        char* block = (char*)malloc(BLOCK);
+        /* Volatile, or a compiler may do without the memory. */
+        char* volatile block = (char*)malloc(BLOCK);
         if (block == NULL) {
             abort();
         }
