@@ -126,6 +126,19 @@ std::shared_ptr<ZipWrapper> ZipWrapper::initSymbolicLinkWithDestination(
     return initWithPath(destination, std::move(withDelegate));
 }
 
+std::shared_ptr<ZipWrapper> ZipWrapper::initWithPath(const std::optional<std::string>& path) {
+    return initWithPath(path, nullptr);
+}
+
+std::shared_ptr<ZipWrapper> ZipWrapper::initRegularFileWithContents(std::optional<Data> contents) {
+    return initRegularFileWithContents(std::move(contents), nullptr);
+}
+
+std::shared_ptr<ZipWrapper> ZipWrapper::initSymbolicLinkWithDestination(
+    const std::optional<std::string>& destination) {
+    return initSymbolicLinkWithDestination(destination, nullptr);
+}
+
 bool ZipWrapper::initWithStreamContents(InputStream* stream, Delegate withDelegate) {
     if (!zipRequire(stream != nullptr, "stream != nil", 118)) {
         return false;

@@ -56,9 +56,7 @@ public:
 
     /// Selector: initWithPath:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithPath(
-        const std::optional<std::string>& path) {
-        return initWithPath(path, nullptr);
-    }
+        const std::optional<std::string>& path);
 
     /// Returns the archive that `contents` are, under the same rules.
     ///
@@ -70,9 +68,7 @@ public:
 
     /// Selector: initRegularFileWithContents:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initRegularFileWithContents(
-        std::optional<platform::Data> contents) {
-        return initRegularFileWithContents(std::move(contents), nullptr);
-    }
+        std::optional<platform::Data> contents);
 
     /// Opens `stream` and returns an archive of it. Called directly, no size is known, so the
     /// archive reads as empty. Null when the stream does not open.
@@ -98,9 +94,7 @@ public:
 
     /// Selector: initSymbolicLinkWithDestination:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initSymbolicLinkWithDestination(
-        const std::optional<std::string>& destination) {
-        return initSymbolicLinkWithDestination(destination, nullptr);
-    }
+        const std::optional<std::string>& destination);
 
     explicit ZipWrapper(Creation key) : FileWrapper(key) {}
 
