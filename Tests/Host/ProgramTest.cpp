@@ -7,7 +7,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -123,7 +125,9 @@ TEST_F(ProgramTest, ADamagedPackageHasACause) {
 TEST_F(ProgramTest, EndsTheLastLineOnATerminalOnly) {
     int terminal = -1;
     int line = -1;
-    ASSERT_EQ(::openpty(&terminal, &line, nullptr, nullptr, nullptr), 0);
+    if (::openpty(&terminal, &line, nullptr, nullptr, nullptr) != 0) {
+        GTEST_SKIP() << "no terminals here: " << std::strerror(errno);
+    }
     const FileDescriptor terminalOwner(terminal);
     const FileDescriptor lineOwner(line);
     const std::string path = folder.write("a.txt", "One");
