@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -13,6 +14,8 @@
 
 namespace host {
 namespace {
+
+using platform::FileDescriptor;
 
 using platform::Fault;
 using platform::FaultCode;
@@ -48,7 +51,7 @@ bool survivesAsText(std::string_view path) {
 }
 
 std::string pathOf(const FileDescriptor& descriptor) {
-    return "/proc/self/fd/" + std::to_string(descriptor.get());
+    return "/proc/self/fd/" + std::to_string(descriptor.number());
 }
 
 }  // namespace
@@ -64,7 +67,7 @@ platform::Result<InputFile> InputFile::open(std::string path) {
     }
     // What was looked at may have been replaced since: a pipe must not keep us waiting.
     FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!descriptor || ::fstat(descriptor.get(), &status) != 0) {
+    if (!descriptor.isOpen() || ::fstat(descriptor.number(), &status) != 0) {
         return systemFault();
     }
     if (!isFileOrFolder(status)) {
@@ -79,17 +82,17 @@ InputFile::InputFile(std::string path, FileDescriptor descriptor, bool isFolder)
 }
 
 std::string InputFile::firstBytes(std::size_t size) const {
-    return bytesAt(descriptor_.get(), 0, size);
+    return bytesAt(descriptor_.number(), 0, size);
 }
 
 std::string InputFile::lastBytes(std::size_t size) const {
     struct stat status {};
-    if (::fstat(descriptor_.get(), &status) != 0) {
+    if (::fstat(descriptor_.number(), &status) != 0) {
         return {};
     }
     const auto wanted = static_cast<off_t>(size);
     const off_t offset = std::max<off_t>(0, status.st_size - wanted);
-    return bytesAt(descriptor_.get(), offset, std::min(wanted, status.st_size - offset));
+    return bytesAt(descriptor_.number(), offset, std::min(wanted, status.st_size - offset));
 }
 
 }  // namespace host

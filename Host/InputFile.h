@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <string>
 
-#include "Host/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/Result.h"
 
 namespace host {
@@ -35,10 +35,10 @@ public:
     [[nodiscard]] std::string lastBytes(std::size_t size) const;
 
 private:
-    InputFile(std::string path, FileDescriptor descriptor, bool isFolder);
+    InputFile(std::string path, platform::FileDescriptor descriptor, bool isFolder);
 
     std::string path_;
-    FileDescriptor descriptor_;
+    platform::FileDescriptor descriptor_;
     bool isFolder_;
     std::string pathAsText_;
 };

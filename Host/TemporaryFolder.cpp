@@ -20,6 +20,8 @@
 namespace host {
 namespace {
 
+using platform::FileDescriptor;
+
 using platform::Fault;
 using platform::FaultCode;
 
@@ -47,7 +49,7 @@ public:
     Entries(const Entries& parent, const char* name) {
         FileDescriptor folder(
             ::openat(parent.descriptor(), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        folder_.reset(folder ? ::fdopendir(folder.get()) : nullptr);
+        folder_.reset(folder.isOpen() ? ::fdopendir(folder.number()) : nullptr);
         if (folder_) {
             static_cast<void>(folder.release());
         }
@@ -113,8 +115,8 @@ FileDescriptor makeLock(const std::string& folder) {
     const std::string unnamed = name + ".new";
     FileDescriptor lock(
         ::open(unnamed.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    if (lock && (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 ||
-                 std::rename(unnamed.c_str(), name.c_str()) != 0)) {
+    if (lock.isOpen() && (::flock(lock.number(), LOCK_EX | LOCK_NB) != 0 ||
+                          std::rename(unnamed.c_str(), name.c_str()) != 0)) {
         return {};
     }
     return lock;
@@ -123,10 +125,10 @@ FileDescriptor makeLock(const std::string& folder) {
 // The lock of a folder that no living run owns, locked; none for any other.
 FileDescriptor takeFreeLock(const FileDescriptor& folder) {
     FileDescriptor lock(
-        ::openat(folder.get(), kLock, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        ::openat(folder.number(), kLock, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
-    if (!lock || ::fstat(lock.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_uid != ::geteuid() || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) {
+    if (!lock.isOpen() || ::fstat(lock.number(), &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_uid != ::geteuid() || ::flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
         return {};
     }
     return lock;
@@ -134,14 +136,14 @@ FileDescriptor takeFreeLock(const FileDescriptor& folder) {
 
 bool hasNoLock(const FileDescriptor& folder) {
     struct stat status {};
-    return ::fstatat(folder.get(), kLock, &status, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
+    return ::fstatat(folder.number(), kLock, &status, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
 }
 
 // The folder `name` in `base`, if it is one that a run of this user may have made.
 FileDescriptor openCandidate(int base, const char* name, struct stat& status) {
     FileDescriptor folder(::openat(base, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!folder || ::fstat(folder.get(), &status) != 0 || status.st_uid != ::geteuid() ||
-        (status.st_mode & 07777) != 0700) {
+    if (!folder.isOpen() || ::fstat(folder.number(), &status) != 0 ||
+        status.st_uid != ::geteuid() || (status.st_mode & 07777) != 0700) {
         return {};
     }
     return folder;
@@ -150,12 +152,12 @@ FileDescriptor openCandidate(int base, const char* name, struct stat& status) {
 void removeIfStale(const std::string& base, int baseDescriptor, const char* name) {
     struct stat status {};
     const FileDescriptor folder = openCandidate(baseDescriptor, name, status);
-    if (!folder) {
+    if (!folder.isOpen()) {
         return;
     }
     const FileDescriptor lock = takeFreeLock(folder);
     const bool isOld = std::time(nullptr) - status.st_mtime > kYoungSeconds;
-    if (lock || (isOld && hasNoLock(folder))) {
+    if (lock.isOpen() || (isOld && hasNoLock(folder))) {
         // Only this user can put another folder in its place, and links are never followed.
         removeTree(base + "/" + name);
     }
@@ -174,7 +176,7 @@ platform::Result<TemporaryFolder> TemporaryFolder::make(const std::string& base)
         return Fault{FaultCode::System, std::strerror(errno)};
     }
     FileDescriptor lock = makeLock(path);
-    if (!lock) {
+    if (!lock.isOpen()) {
         const Fault fault{FaultCode::System, std::strerror(errno)};
         removeTree(path);
         return fault;

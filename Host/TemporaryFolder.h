@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <string>
 
-#include "Host/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/Result.h"
 
 namespace host {
@@ -48,10 +48,10 @@ public:
     void leaveToOwner();
 
 private:
-    TemporaryFolder(std::string path, FileDescriptor lock);
+    TemporaryFolder(std::string path, platform::FileDescriptor lock);
 
     std::string path_;  // empty in one that was moved from
-    FileDescriptor lock_;
+    platform::FileDescriptor lock_;
 };
 
 }  // namespace host

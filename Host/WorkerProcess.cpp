@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "Host/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define PV_HAS_SHADOW_MEMORY 1
@@ -27,6 +27,8 @@ extern "C" void __gcov_dump(void);
 namespace host {
 namespace {
 
+using platform::FileDescriptor;
+
 #ifdef PV_HAS_SHADOW_MEMORY
 constexpr bool kBoundsMemory = false;
 #else
@@ -37,7 +39,7 @@ constexpr bool kBoundsMemory = true;
 std::uint64_t addressSpaceInUse() {
     const FileDescriptor file(::open("/proc/self/statm", O_RDONLY | O_CLOEXEC));
     char text[32] = {};
-    if (!file || ::read(file.get(), text, sizeof text - 1) <= 0) {
+    if (!file.isOpen() || ::read(file.number(), text, sizeof text - 1) <= 0) {
         return 0;
     }
     return std::strtoull(text, nullptr, 10) * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "Tests/Host/ScratchFolder.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace host {
 namespace {
@@ -42,7 +42,7 @@ std::string typeOf(const std::string& path) {
 }
 
 TEST(ContentTypes, TheNameGoesBeforeTheBytes) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     struct Row {
         const char* name;
         const char* content;
@@ -63,7 +63,7 @@ TEST(ContentTypes, TheNameGoesBeforeTheBytes) {
 }
 
 TEST(ContentTypes, AFolderIsWhatItsNameSays) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     std::filesystem::create_directories(folder.path("a.rtfd"));
     std::filesystem::create_directories(folder.path("plain"));
     EXPECT_EQ(typeOf(folder.path("a.rtfd") + "/"), "com.apple.rtfd");
@@ -71,7 +71,7 @@ TEST(ContentTypes, AFolderIsWhatItsNameSays) {
 }
 
 TEST(ContentTypes, TheEndOfALongArchiveCounts) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     std::string archive("PK\3\4", 4);
     archive.resize(200 * 1024, 'x');
     std::string header("PK\1\2", 4);
@@ -82,7 +82,7 @@ TEST(ContentTypes, TheEndOfALongArchiveCounts) {
 }
 
 TEST(InputFile, OpensNothingThatCouldWaitOrAct) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
     for (const std::string& path : {folder.path("pipe"), std::string("/dev/null")}) {
         const platform::Result<InputFile> file = InputFile::open(path);
@@ -95,7 +95,7 @@ TEST(InputFile, OpensNothingThatCouldWaitOrAct) {
 }
 
 TEST(InputFile, HasAPathOfTextWhateverItsName) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     std::filesystem::current_path(folder.path());
     struct Row {
         const char* path;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Host/CoreFoundationOwner.h"
-#include "Tests/Host/ScratchFolder.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace host {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 using Names = std::vector<std::string>;
 
 ImporterTypes typesOf(const std::string& entries) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     folder.write("A.mdimporter/Contents/Info.plist",
                  "<plist version=\"1.0\"><dict>" + entries + "</dict></plist>");
     const std::string path = folder.path("A.mdimporter");

@@ -29,7 +29,7 @@ std::string importer(const std::string& name) {
 /// Files that an importer reads as it should, and one in their middle that it doesn't.
 class MisbehaviourTest : public testing::Test {
 protected:
-    ScratchFolder folder;
+    test::TemporaryFolder folder;
     const std::string before = folder.write("before.txt", "");
     const std::string bad = folder.write("bad.txt", "");
     const std::string after = folder.write("after.txt", "");
@@ -191,7 +191,7 @@ TEST_F(MisbehaviourTest, AFolderThatIsNoImporterEndsTheRun) {
 }
 
 // Waits until the worker of an endless importer is at work: it leaves a file in its folder.
-bool waitForWork(const ScratchFolder& temporary) {
+bool waitForWork(const test::TemporaryFolder& temporary) {
     for (int tries = 0; tries < 1000; ++tries) {
         for (const std::string& name : temporary.names()) {
             if (::access(temporary.path(name + "/left-behind").c_str(), F_OK) == 0) {

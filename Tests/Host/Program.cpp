@@ -1,6 +1,7 @@
 #include "Tests/Host/Program.h"
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Tests/Host/ScratchFolder.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace host {
 
@@ -31,7 +31,7 @@ public:
     explicit Program(std::vector<std::string> arguments, int output = -1);
 
     [[nodiscard]] pid_t process() const { return process_; }
-    [[nodiscard]] const ScratchFolder& temporary() const { return temporary_; }
+    [[nodiscard]] const test::TemporaryFolder& temporary() const { return temporary_; }
 
     /// Waits for its end.
     [[nodiscard]] ProgramRun finish();
@@ -42,8 +42,8 @@ public:
     }
 
 private:
-    ScratchFolder temporary_;
-    ScratchFolder results_;
+    test::TemporaryFolder temporary_;
+    test::TemporaryFolder results_;
     pid_t process_ = -1;
 };
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <thread>
 
-#include "Host/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Tests/Host/Program.h"
 #include "Tools/samples/ArchiveBuilder.h"
 #include "Tools/samples/PackageBuilder.h"
@@ -22,12 +22,14 @@
 namespace host {
 namespace {
 
+using platform::FileDescriptor;
+
 /// Files to read, and the program's answers.
 class ProgramTest : public testing::Test {
 protected:
     void TearDown() override { std::filesystem::current_path("/"); }
 
-    ScratchFolder folder;
+    test::TemporaryFolder folder;
 };
 
 void expectRun(const ProgramRun& run, int status, const std::string& output,
@@ -143,7 +145,7 @@ TEST_F(ProgramTest, AClosedPipeEndsItQuietly) {
     ::close(pipe[0]);
     const FileDescriptor writer(pipe[1]);
     const std::string path = folder.write("a.txt", "One");
-    expectRun(Program({"text", path, path}, writer.get()).finish(), 128 + SIGPIPE, "", "");
+    expectRun(Program({"text", path, path}, writer.number()).finish(), 128 + SIGPIPE, "", "");
 }
 
 TEST_F(ProgramTest, ASlowReaderCostsNoFile) {
@@ -153,14 +155,14 @@ TEST_F(ProgramTest, ASlowReaderCostsNoFile) {
     FileDescriptor writer(pipe[1]);
     const std::string text(std::size_t{1} << 20, 'a');
     const std::string path = folder.write("a.txt", text);
-    Program program({"text", "--timeout", "1", path}, writer.get());
+    Program program({"text", "--timeout", "1", path}, writer.number());
     writer.close();
     std::this_thread::sleep_for(std::chrono::milliseconds(1500));
     std::string output(text.size() + 1, '\0');
     std::size_t size = 0;
     ssize_t step = 1;
     while (step > 0) {
-        step = ::read(reader.get(), output.data() + size, output.size() - size);
+        step = ::read(reader.number(), output.data() + size, output.size() - size);
         size += step > 0 ? static_cast<std::size_t>(step) : 0;
     }
     EXPECT_EQ(size, text.size());
@@ -169,9 +171,9 @@ TEST_F(ProgramTest, ASlowReaderCostsNoFile) {
 
 TEST_F(ProgramTest, AFullDeviceIsNamed) {
     const FileDescriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
-    ASSERT_TRUE(full);
+    ASSERT_TRUE(full.isOpen());
     const std::string path = folder.write("a.txt", "One");
-    expectRun(Program({"text", path, path}, full.get()).finish(), 1, "",
+    expectRun(Program({"text", path, path}, full.number()).finish(), 1, "",
               "pvindex: standard output: No space left on device\n");
 }
 

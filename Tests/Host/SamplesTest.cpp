@@ -20,7 +20,7 @@ std::string contentsOf(const std::filesystem::path& path) {
 }
 
 TEST(Samples, PackagesOfRealArchivesPrintExactlyTheirText) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     int count = 0;
     for (const auto& archive :
          std::filesystem::directory_iterator(test::dataPath("keyed-archives"))) {
@@ -45,7 +45,7 @@ TEST(Samples, PackagesOfRealArchivesPrintExactlyTheirText) {
 }
 
 TEST(Samples, ArchivesOfOtherThingsAreRefusedByName) {
-    const ScratchFolder folder;
+    const test::TemporaryFolder folder;
     struct Row {
         const char* archive;
         const char* cause;

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "Tests/Host/ScratchFolder.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace host {
 namespace {
@@ -37,7 +37,7 @@ protected:
         ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
     }
 
-    ScratchFolder base;
+    test::TemporaryFolder base;
 };
 
 TEST_F(TemporaryFolderTest, IsPrivateAndGoesWithAllThatIsInIt) {

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace test {
 
@@ -33,8 +34,9 @@ public:
         return path_ + "/" + std::string(name);
     }
 
-    /// Writes a file and returns its path.
+    /// Writes a file, with the folders on the way to it, and returns its path.
     std::string write(std::string_view name, std::string_view contents) const {
+        std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
         std::ofstream(path(name), std::ios::binary) << contents;
         return path(name);
     }
@@ -48,6 +50,15 @@ public:
     /// How many items the folder itself holds.
     [[nodiscard]] std::ptrdiff_t count() const {
         return std::distance(std::filesystem::directory_iterator(path_), {});
+    }
+
+    /// The names of the items that the folder itself holds.
+    [[nodiscard]] std::vector<std::string> names() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+            names.push_back(entry.path().filename());
+        }
+        return names;
     }
 
 private:
