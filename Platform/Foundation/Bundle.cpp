@@ -2,17 +2,16 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <cstddef>
-#include <span>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
 #include "Platform/Foundation/AssertionHandler.h"
 #include "Platform/Foundation/Failure.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
 #include "Platform/Foundation/Result.h"
 
@@ -34,42 +33,16 @@ std::string_view withoutSlashesAtEnd(std::string_view path) {
     return path;
 }
 
-/// An open file, closed at the end of its life.
-class OpenFile {
-public:
-    // O_NONBLOCK: a pipe in the file's place must not stop us.
-    explicit OpenFile(const std::string& path)
-        : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-    ~OpenFile() {
-        if (isOpen()) {
-            ::close(descriptor_);
-        }
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
-    [[nodiscard]] ssize_t read(std::span<std::byte> buffer) const {
-        ssize_t count = 0;
-        do {
-            count = ::read(descriptor_, buffer.data(), buffer.size());
-        } while (count < 0 && errno == EINTR);
-        return count;
-    }
-
-private:
-    int descriptor_;
-};
-
 Result<Data> readInformation(const std::string& path) {
-    const OpenFile file(path);
+    // O_NONBLOCK: a pipe in the file's place must not stop us.
+    const FileDescriptor file = FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
     if (!file.isOpen()) {
         return Fault{FaultCode::System, "cannot be opened"};
     }
     std::vector<std::byte> bytes;
     std::array<std::byte, 8192> block;
     for (;;) {
-        const ssize_t count = file.read(block);
+        const std::int64_t count = file.readFully(block);
         if (count < 0) {
             return Fault{FaultCode::System, "cannot be read"};
         }

@@ -252,7 +252,7 @@ std::optional<std::string> ZipWrapper::createStringFromFilenameRecord(const std:
     }
     name[static_cast<std::size_t>(count)] = '\0';
     std::string text(name.data());
-    if (!platform::utf16FromUtf8(text)) {
+    if (!platform::isAscii(text) && !platform::utf16FromUtf8(text)) {
         platform::noteFailure(kNameNotUtf8);
         return std::nullopt;
     }

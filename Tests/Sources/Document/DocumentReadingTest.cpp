@@ -76,6 +76,25 @@ TEST_F(DocumentReading, TextOfAPackageIsInstalled) {
     EXPECT_EQ(reading.error, kUntouched);
 }
 
+TEST_F(DocumentReading, AttributesComeWithTheText) {
+    ArchiveBuilder builder;
+    const Uid size = builder.add(u"Size");
+    const Uid ten = builder.addDictionary({{size, builder.add(Value(10))}});
+    const Uid twelve = builder.addDictionary({{size, builder.add(Value(12))}});
+    const Data archive =
+        builder.finish(builder.addAttributedString(u"two runs", {ten, twelve}, {{3, 0}, {5, 1}}));
+    const auto document = Document::init();
+    ASSERT_TRUE(document->readFromURL(
+        URL::fileURLWithPath(folder.write("document", samples::package(archive).view())),
+        kDocumentType, nullptr));
+    const auto& runs = document->textStorage()->attributedString().runs();
+    ASSERT_EQ(runs.size(), 2u);
+    EXPECT_EQ(runs[0].length, 3u);
+    EXPECT_EQ((*runs[0].attributes)["Size"], Value(10));
+    EXPECT_EQ(runs[1].length, 5u);
+    EXPECT_EQ((*runs[1].attributes)["Size"], Value(12));
+}
+
 TEST_F(DocumentReading, CompatibilityVersionGatesTheReading) {
     struct Row {
         const char* name;

@@ -2,42 +2,26 @@
 
 #pragma once
 
-#include <cstdlib>
+#include <cstddef>
 #include <filesystem>
-#include <optional>
-#include <string>
+#include <iterator>
 
 #include "Tests/Sources/CocoaExtensions/Zip/ZipWrapperTestPeer.h"
-#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Support/TemporaryDirectory.h"
 
 namespace parlavox {
 
 /// While it lives, it is the temporary directory, and the container's own folder is not known.
 class ZipTestFolder {
 public:
-    ZipTestFolder() {
-        if (const char* const before = std::getenv("TMPDIR")) {
-            before_ = before;
-        }
-        setenv("TMPDIR", path().c_str(), 1);
-        ZipWrapperTestPeer::forgetTemporaryFolder();
-    }
-
-    ~ZipTestFolder() {
-        ZipWrapperTestPeer::forgetTemporaryFolder();
-        if (before_) {
-            setenv("TMPDIR", before_->c_str(), 1);
-        } else {
-            unsetenv("TMPDIR");
-        }
-    }
-
+    ZipTestFolder() { ZipWrapperTestPeer::forgetTemporaryFolder(); }
+    ~ZipTestFolder() { ZipWrapperTestPeer::forgetTemporaryFolder(); }
     ZipTestFolder(const ZipTestFolder&) = delete;
     ZipTestFolder& operator=(const ZipTestFolder&) = delete;
 
-    [[nodiscard]] std::filesystem::path path() const { return folder_.path(); }
+    [[nodiscard]] std::filesystem::path path() const { return directory_.path(); }
 
-    /// The number of files in the container's folder, and of folders beside it.
+    /// The number of files in the container's own folder.
     [[nodiscard]] std::size_t spooledFiles() const {
         const auto folder = ZipWrapper::tempFolderPath();
         const std::filesystem::directory_iterator files(*folder);
@@ -45,8 +29,7 @@ public:
     }
 
 private:
-    test::TemporaryFolder folder_;
-    std::optional<std::string> before_;
+    test::TemporaryDirectory directory_;
 };
 
 }  // namespace parlavox
