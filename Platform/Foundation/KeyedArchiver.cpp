@@ -191,9 +191,8 @@ private:
                     set("NS.time", Value(value.date()->secondsSinceReferenceDate));
                 });
             case ValueKind::Array:
-                return standardObject({"NSArray", "NSObject"}, [&] {
-                    set("NS.objects", references(*value.array()));
-                });
+                return standardObject({"NSArray", "NSObject"},
+                                      [&] { set("NS.objects", references(*value.array())); });
             case ValueKind::Dictionary:
                 return standardObject({"NSDictionary", "NSObject"},
                                       [&] { setDictionary(*value.dictionary()); });
@@ -224,9 +223,7 @@ private:
 
     template <class Encode>
     Value standardObject(std::vector<std::string> names, Encode encode) {
-        return instance(
-            std::make_shared<const ArchivedClassNames>(ArchivedClassNames{std::move(names), {}}),
-            encode);
+        return instance(classNamed(std::move(names)), encode);
     }
 
     /// Returns the entry of an instance; its class comes after what it holds.
