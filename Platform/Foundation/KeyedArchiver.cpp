@@ -150,7 +150,7 @@ private:
         std::uint64_t nextUnkeyed = 0;
     };
 
-    /// One more level of nesting, while it lives.
+    /// One more level of nesting, as readers count them, while it lives.
     class Level {
     public:
         explicit Level(Archive& archive) : archive_(archive) {
@@ -240,6 +240,7 @@ private:
     }
 
     Value references(const Array& values) {
+        const Level level(*this);
         Array array;
         array.reserve(values.size());
         for (const Value& value : values) {
@@ -249,6 +250,7 @@ private:
     }
 
     void setDictionary(const Dictionary& dictionary) {
+        const Level level(*this);
         Array keys;
         Array values;
         keys.reserve(dictionary.size());
