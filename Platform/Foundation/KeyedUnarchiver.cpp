@@ -164,9 +164,8 @@ FieldForm KeyedUnarchiver::Archive::formOf(const BinaryItem& content) const {
         return FieldForm::Inline;
     }
     const BinaryPropertyList& list = table.list();
-    const auto first =
-        list.itemAt(content.kind == BinaryKind::Array ? list.elementAt(content, 0)
-                                                      : list.valueAt(content, 0));
+    const auto first = list.itemAt(content.kind == BinaryKind::Array ? list.elementAt(content, 0)
+                                                                     : list.valueAt(content, 0));
     return first && table.referenceOf(first.value()) ? FieldForm::InlineOfReferences
                                                      : FieldForm::Inline;
 }

@@ -77,6 +77,24 @@ Value::Value(platform::Dictionary dictionary)
     : content_(std::make_shared<const platform::Dictionary>(std::move(dictionary))) {
 }
 
+Value::Value(std::shared_ptr<const platform::Object> object) {
+    if (object != nullptr) {
+        content_ = std::move(object);
+    }
+}
+
+Value::Value(std::shared_ptr<const std::u16string> string) {
+    if (string != nullptr) {
+        content_ = std::move(string);
+    }
+}
+
+Value::Value(std::shared_ptr<const platform::Dictionary> dictionary) {
+    if (dictionary != nullptr) {
+        content_ = std::move(dictionary);
+    }
+}
+
 Value Value::fromUtf8(std::string_view text) {
     return Value(utf16FromUtf8Lossy(text));
 }
@@ -186,6 +204,20 @@ std::optional<std::int64_t> Value::integerValue() const {
         return integerFromString(*text);
     }
     return std::nullopt;
+}
+
+std::optional<double> Value::doubleValue() const {
+    if (const auto number = real()) {
+        return number;
+    }
+    if (const auto large = unsignedInteger()) {
+        return static_cast<double>(*large);
+    }
+    if (const auto small = integer()) {
+        return static_cast<double>(*small);
+    }
+    const auto flag = boolean();
+    return flag ? std::optional<double>(*flag ? 1 : 0) : std::nullopt;
 }
 
 bool operator==(const Value& first, const Value& second) {

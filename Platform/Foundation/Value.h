@@ -78,8 +78,12 @@ public:
     Value(const char*) = delete;
     Value(Array array);
     Value(platform::Dictionary dictionary);
+    /// A string or dictionary that is shared with others; a null pointer makes the null value.
+    explicit Value(std::shared_ptr<const std::u16string> string);
+    explicit Value(std::shared_ptr<const platform::Dictionary> dictionary);
     Value(platform::Uid uid) : content_(uid) {}
-    Value(std::shared_ptr<const platform::Object> object) : content_(std::move(object)) {}
+    /// An object; a null pointer makes the null value.
+    Value(std::shared_ptr<const platform::Object> object);
 
     /// Makes a string from UTF-8; invalid bytes become U+FFFD.
     [[nodiscard]] static Value fromUtf8(std::string_view text);
@@ -114,6 +118,11 @@ public:
     ///
     /// Selector: integerValue
     [[nodiscard]] std::optional<std::int64_t> integerValue() const;
+
+    /// The value as a real number; nothing when it is no number. A boolean is 0 or 1.
+    ///
+    /// Selector: doubleValue
+    [[nodiscard]] std::optional<double> doubleValue() const;
 
     /// Compares by content; objects compare by identity. Requires: no cycle through objects.
     friend bool operator==(const Value& first, const Value& second);

@@ -1,6 +1,7 @@
 #include "Sources/Document/Document.h"
 
 #include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/Codable.h"
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
@@ -45,10 +46,10 @@ Value valueUnder(std::string_view key, const Value& value) {
 /// What an archive's root is when it is no text, for a person.
 std::string describeRoot(const Value& root) {
     const auto object = root.object();
-    const auto* const opaque = dynamic_cast<const platform::OpaqueObject*>(object.get());
-    return opaque != nullptr && opaque->type != nullptr
-               ? "root object of class " + opaque->type->names.front() + ", which is no text"
-               : "root object that is no text";
+    const auto* const codable = dynamic_cast<const platform::Codable*>(object.get());
+    const auto type = codable != nullptr ? codable->archivedClass() : nullptr;
+    return type != nullptr ? "root object of class " + type->names.front() + ", which is no text"
+                           : "root object that is no text";
 }
 
 /// The compatibility version that the header states; nothing when there is none.

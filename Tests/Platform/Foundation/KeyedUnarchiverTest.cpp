@@ -182,8 +182,7 @@ TEST(KeyedUnarchiver, CyclesThroughOpaqueObjectsAreKeptAsBackReferences) {
     ASSERT_NE(parent, nullptr);
     const auto inner = opaque((*parent)["child"]);
     ASSERT_NE(inner, nullptr);
-    const auto back =
-        std::dynamic_pointer_cast<const BackReference>((*inner)["parent"].object());
+    const auto back = std::dynamic_pointer_cast<const BackReference>((*inner)["parent"].object());
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->target.lock(), parent);
 }
