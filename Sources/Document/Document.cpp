@@ -173,6 +173,31 @@ void Document::replaceRealStorageWithAttributedString(AttributedString text) {
     textStorage_ = std::make_shared<platform::TextStorage>(std::move(text));
 }
 
+void Document::setTextStorage(AttributedString text) {
+    registerUndoOfText();
+    textStorage_->replaceCharactersInRangeWithAttributedString({0, textStorage_->length()},
+                                                               std::move(text));
+}
+
+void Document::setTextStorage(std::u16string string) {
+    registerUndoOfText();
+    textStorage_->replaceCharactersInRangeWithString({0, textStorage_->length()},
+                                                     std::move(string));
+}
+
+void Document::registerUndoOfText() {
+    const auto manager = undoManager();
+    if (manager == nullptr) {
+        return;
+    }
+    manager->registerUndoWithTarget(
+        this, [weak = weak_from_this(), text = textStorage_->attributedString()] {
+            if (const auto document = std::static_pointer_cast<Document>(weak.lock())) {
+                document->setTextStorage(text);
+            }
+        });
+}
+
 std::optional<std::uint32_t> Document::compressLevelForFileWrapper(
     const std::shared_ptr<FileWrapper>&, const ZipWrapper&) {
     return 1;
