@@ -135,15 +135,11 @@ Outcome ArchivedObject::charge(std::uint64_t count, std::uint64_t size) const {
 }
 
 Result<Value> ArchivedObject::opaque() const {
-    return archive().opaqueObject(*this, item_);
+    return archive().opaqueObject(item_, depth_);
 }
 
 Result<std::string> ArchivedObject::keyAt(std::uint64_t position) const {
     return archive().decoder.keyAt(archive().table.list().keyAt(item_, position));
-}
-
-Result<Value> ArchivedObject::valueAt(std::uint64_t position) const {
-    return archive().valueOfNumber(archive().table.list().valueAt(item_, position), depth_ + 1);
 }
 
 }  // namespace platform

@@ -22,7 +22,7 @@ namespace platform {
 
 /// The fields of one archived object, by key.
 ///
-/// Look-ups go through all of the object's keys; to read very many, use forEachField.
+/// Look-ups go through all of the object's keys; to have all fields, take the opaque object.
 class ArchivedObject {
 public:
     /// The unarchiver that reads the object.
@@ -73,19 +73,6 @@ public:
     /// whose keys are `prefix` and a number, from 0 up to the first number that is missing.
     Result<Elements> elements(std::string_view key, std::string_view prefix) const;
 
-    /// Calls `receive(key, value)` for each field in the archive's order, "$class" left out. Stops
-    /// at the first Fault and returns it.
-    template <class Receive>
-    Outcome forEachField(Receive receive) const {
-        for (std::uint64_t i = 0; i < item_.count; ++i) {
-            std::string key = PV_TRY(keyAt(i));
-            if (key != "$class") {
-                receive(std::move(key), PV_TRY(valueAt(i)));
-            }
-        }
-        return done();
-    }
-
     /// Counts `count` things of `size` bytes that are made of fields which other objects may share
     /// against what may be built in all.
     Outcome charge(std::uint64_t count, std::uint64_t size = 1) const;
@@ -103,7 +90,6 @@ private:
 
     Result<std::optional<std::uint64_t>> valueNumberForKey(std::string_view key) const;
     Result<std::string> keyAt(std::uint64_t position) const;
-    Result<Value> valueAt(std::uint64_t position) const;
 
     KeyedUnarchiver& unarchiver_;
     BinaryItem item_;

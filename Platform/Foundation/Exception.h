@@ -65,6 +65,13 @@ public:
         : Exception("NSInvalidUnarchiveOperationException", std::move(reason)) {}
 };
 
+/// An object that cannot be archived: "NSInvalidArchiveOperationException".
+class ArchiveException : public Exception {
+public:
+    explicit ArchiveException(std::string reason)
+        : Exception("NSInvalidArchiveOperationException", std::move(reason)) {}
+};
+
 /// A condition of the code that does not hold, with the place in the source that states it.
 class AssertionFailure : public InternalInconsistencyException {
 public:

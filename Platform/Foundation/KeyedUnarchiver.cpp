@@ -42,7 +42,11 @@ Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
 }
 
 Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsigned depth) {
-    const BinaryItem item = PV_TRY(table.list().itemAt(number));
+    return valueOfItem(PV_TRY(table.list().itemAt(number)), number, depth);
+}
+
+Result<Value> KeyedUnarchiver::Archive::valueOfItem(const BinaryItem& item, std::uint64_t number,
+                                                    unsigned depth) {
     if (const auto reference = table.referenceOf(item)) {
         return objectOfReference(*reference, depth);
     }
@@ -148,20 +152,46 @@ Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t number, unsigned 
 Result<Value> KeyedUnarchiver::Archive::instance(const Class& type, const BinaryItem& item,
                                                  unsigned depth) {
     const ArchivedObject object(unarchiver_, item, depth);
-    return type.decode != nullptr ? type.decode(object) : opaqueObject(object, item);
+    return type.decode != nullptr ? type.decode(object) : opaqueObject(item, depth);
 }
 
-Result<Value> KeyedUnarchiver::Archive::opaqueObject(const ArchivedObject& object,
-                                                     const BinaryItem& item) {
-    PV_TRY(budget.charge(item.count, sizeof(Dictionary::Entry)));
+/// Inline containers hold references or plain values; the first element speaks for all.
+FieldForm KeyedUnarchiver::Archive::formOf(const BinaryItem& content) const {
+    if (table.referenceOf(content)) {
+        return FieldForm::Reference;
+    }
+    if (!isContainer(content) || content.count == 0) {
+        return FieldForm::Inline;
+    }
+    const BinaryPropertyList& list = table.list();
+    const auto first =
+        list.itemAt(content.kind == BinaryKind::Array ? list.elementAt(content, 0)
+                                                      : list.valueAt(content, 0));
+    return first && table.referenceOf(first.value()) ? FieldForm::InlineOfReferences
+                                                     : FieldForm::Inline;
+}
+
+Result<Value> KeyedUnarchiver::Archive::opaqueObject(const BinaryItem& item, unsigned depth) {
+    PV_TRY(budget.charge(item.count, sizeof(OpaqueField)));
     const auto opaque = std::make_shared<OpaqueObject>();
     slots_[open_.back()].unfinished = opaque;
     if (const Class* const type = PV_TRY(classOf(item))) {
         opaque->type = type->names;
     }
-    PV_TRY(object.forEachField([&](std::string key, Value value) {
-        opaque->fields.set(std::move(key), std::move(value));
-    }));
+    const BinaryPropertyList& list = table.list();
+    opaque->fields.reserve(item.count);
+    for (std::uint64_t i = 0; i < item.count; ++i) {
+        OpaqueField field;
+        field.name = PV_TRY(decoder.keyAt(list.keyAt(item, i)));
+        if (field.name == "$class") {
+            continue;
+        }
+        const std::uint64_t number = list.valueAt(item, i);
+        const BinaryItem content = PV_TRY(list.itemAt(number));
+        field.value = PV_TRY(valueOfItem(content, number, depth + 1));
+        field.form = formOf(content);
+        opaque->fields.push_back(std::move(field));
+    }
     return Value(std::shared_ptr<const Object>(opaque));
 }
 

@@ -17,7 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/Codable.h"
 #include "Platform/Foundation/Data.h"
+#include "Platform/Foundation/OpaqueObject.h"
 #include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
 
@@ -32,14 +34,6 @@ using ObjectDecoder = Result<Value> (*)(const ArchivedObject& object);
 struct CodableClass {
     std::string_view name;
     ObjectDecoder decode;
-};
-
-/// The names that an archive states for a class.
-struct ArchivedClassNames {
-    /// The name that instances were archived under, then superclasses as far as they are stated.
-    std::vector<std::string> names;
-    /// Names of classes that may stand in for it.
-    std::vector<std::string> hints;
 };
 
 /// How deep archived objects may nest.
@@ -102,25 +96,6 @@ private:
     Value decodeTopLevel(std::uint64_t number);
 
     std::unique_ptr<Archive> archive_;
-};
-
-/// What `KeyedUnarchiver` makes of an instance of a class that it doesn't know.
-///
-/// It keeps the class's names and all fields, so that it could be written again. Immutable.
-class OpaqueObject final : public Object {
-public:
-    /// The class's names; null when the archive states none.
-    std::shared_ptr<const ArchivedClassNames> type;
-    /// The fields by their names on disk, in the archive's order.
-    Dictionary fields;
-};
-
-/// Stands in an opaque object's fields for an object that contains it.
-class BackReference final : public Object {
-public:
-    explicit BackReference(std::weak_ptr<const OpaqueObject> object) : target(std::move(object)) {}
-
-    std::weak_ptr<const OpaqueObject> target;
 };
 
 }  // namespace platform

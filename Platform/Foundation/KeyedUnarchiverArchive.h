@@ -28,6 +28,9 @@ public:
     /// own elements may be references.
     Result<Value> valueOfNumber(std::uint64_t number, unsigned depth);
 
+    /// Decodes what `item`, the object with that number, holds.
+    Result<Value> valueOfItem(const BinaryItem& item, std::uint64_t number, unsigned depth);
+
     /// Decodes the object that `reference` names.
     Result<Value> objectOfReference(std::uint64_t reference, unsigned depth);
 
@@ -40,7 +43,8 @@ public:
     /// Returns the class of the instance `item`; null when it is no instance.
     Result<const Class*> classOf(const BinaryItem& item);
 
-    Result<Value> opaqueObject(const ArchivedObject& object, const BinaryItem& item);
+    /// Keeps the instance `item` as it is.
+    Result<Value> opaqueObject(const BinaryItem& item, unsigned depth);
 
     const KeyedArchiveTable table;
     BuildBudget budget;
@@ -65,6 +69,7 @@ private:
     Result<Value> instance(const Class& type, const BinaryItem& item, unsigned depth);
     Result<Value> inlineContainer(const BinaryItem& item, unsigned depth);
     Outcome reach(unsigned depth);
+    [[nodiscard]] FieldForm formOf(const BinaryItem& content) const;
     ObjectDecoder decoderFor(const ArchivedClassNames& names) const;
 
     KeyedUnarchiver& unarchiver_;

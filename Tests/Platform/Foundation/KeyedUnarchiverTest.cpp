@@ -138,11 +138,11 @@ TEST(KeyedUnarchiver, UnknownClassesBecomeOpaqueObjectsWithAllFields) {
     ASSERT_NE(thing, nullptr);
     EXPECT_EQ(thing->type->names, (std::vector<std::string>{"AcmeThing", "AcmeBase", "NSObject"}));
     ASSERT_EQ(thing->fields.size(), 3u) << "the class is no field";
-    const auto inner = opaque(thing->fields["part"]);
+    const auto inner = opaque((*thing)["part"]);
     ASSERT_NE(inner, nullptr);
-    EXPECT_EQ(inner->fields["n"], Value(4));
-    EXPECT_EQ((*thing->fields["flags"].array())[1].object(), inner) << "one object, named twice";
-    EXPECT_TRUE(thing->fields["none"].isNull());
+    EXPECT_EQ((*inner)["n"], Value(4));
+    EXPECT_EQ((*(*thing)["flags"].array())[1].object(), inner) << "one object, named twice";
+    EXPECT_TRUE((*thing)["none"].isNull());
 }
 
 TEST(KeyedUnarchiver, SuperclassesAndHintsServeForUnknownClasses) {
@@ -180,10 +180,10 @@ TEST(KeyedUnarchiver, CyclesThroughOpaqueObjectsAreKeptAsBackReferences) {
     ASSERT_EQ(root.index, 3u);
     const auto parent = opaque(decode(b.finish(root)));
     ASSERT_NE(parent, nullptr);
-    const auto inner = opaque(parent->fields["child"]);
+    const auto inner = opaque((*parent)["child"]);
     ASSERT_NE(inner, nullptr);
     const auto back =
-        std::dynamic_pointer_cast<const BackReference>(inner->fields["parent"].object());
+        std::dynamic_pointer_cast<const BackReference>((*inner)["parent"].object());
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->target.lock(), parent);
 }

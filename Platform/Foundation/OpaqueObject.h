@@ -1,0 +1,59 @@
+// Archived objects whose class nobody here knows, kept as they are.
+//
+// Whatever an archive says of such an object is kept, so that it can be written again.
+// Immutable once decoded; any thread at once.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Platform/Foundation/Codable.h"
+#include "Platform/Foundation/Value.h"
+
+namespace platform {
+
+/// How a field stands in an archive. Readers make no difference, other programs' readers do.
+enum class FieldForm : std::uint8_t {
+    Inline,              ///< the value itself
+    Reference,           ///< a reference to an object of the table
+    InlineOfReferences,  ///< a container whose elements are references
+};
+
+/// One field of an archived object.
+struct OpaqueField {
+    std::string name;
+    Value value;
+    FieldForm form = FieldForm::Inline;
+};
+
+/// What `KeyedUnarchiver` makes of an instance of a class that it doesn't know.
+class OpaqueObject final : public Codable {
+public:
+    /// The class's names; null when the archive states none.
+    std::shared_ptr<const ArchivedClassNames> type;
+    /// The fields under their names on disk, in the archive's order.
+    std::vector<OpaqueField> fields;
+
+    /// Returns the value of the field `name`, null when there is none. Looks through all fields.
+    [[nodiscard]] Value operator[](std::string_view name) const;
+
+    [[nodiscard]] std::shared_ptr<const ArchivedClassNames> archivedClass() const override {
+        return type;
+    }
+    void encodeWithCoder(KeyedArchiver& coder) const override;
+};
+
+/// Stands in an opaque object's fields for an object that contains it.
+class BackReference final : public Object {
+public:
+    explicit BackReference(std::weak_ptr<const OpaqueObject> object) : target(std::move(object)) {}
+
+    std::weak_ptr<const OpaqueObject> target;
+};
+
+}  // namespace platform
