@@ -24,7 +24,7 @@ demo: build ## show the text of the sample documents
 test: deps ## build with all warnings and run the tests
 	$(call test,dev)
 
-check: deps ## format, includes, headers, words, lists: every gate
+check: deps ## every gate: layout, includes, names, lists and more
 	@Packaging/check/run.sh
 
 format: deps ## lay out all sources as .clang-format says

@@ -27,8 +27,8 @@ namespace {
 constexpr char kPdfType[] = "com.adobe.pdf";
 
 bool isPackageType(const std::string& type) {
-    return TypeRegistry::typeConformsTo(type, kForeignDocumentType) ||
-           TypeRegistry::typeConformsTo(type, kDocumentType);
+    return TypeRegistry::typeConformsToType(type, kForeignDocumentType) ||
+           TypeRegistry::typeConformsToType(type, kDocumentType);
 }
 
 /// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
@@ -155,7 +155,7 @@ void Document::readText(const FileWrapper& member) {
 }
 
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
-    if (TypeRegistry::typeConformsTo(ofType, kPdfType)) {
+    if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
         // FIXME: extract the pages' text.
         noteFailure("PDF is not read yet");
         return false;
