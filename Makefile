@@ -7,7 +7,7 @@ PREFIX ?= /usr/local
 build = cmake --preset $(1) --log-level=NOTICE && cmake --build --preset $(1) --parallel $(JOBS)
 test = $(call build,$(1)) && ctest --preset $(1) --parallel $(JOBS)
 
-.PHONY: build help deps demo test check format asan tsan coverage fuzz install clean
+.PHONY: build help deps demo test bench check format asan tsan coverage fuzz install clean
 
 build: deps ## what users run, in build/release (this is what `make` alone does)
 	$(call build,release)
@@ -23,6 +23,10 @@ demo: build ## show the text of the sample documents
 
 test: deps ## build with all warnings and run the tests
 	$(call test,dev)
+
+bench: deps ## measure the main job and compare its speed with the targets; some minutes
+	$(call build,bench)
+	@build/bench/bin/benchmarks
 
 check: deps ## every gate: layout, includes, names, lists and more
 	@Packaging/check/run.sh

@@ -30,7 +30,7 @@ BEGIN {
     # These look at everything, and at the libraries that they test with.
     arrow("Tests", "Platform Sources Host Tools Packaging Fuzz")
     arrow("Fuzz", "Platform Sources Host Tools Tests")
-    arrow("Benchmarks", "Platform Sources Host Tests")
+    arrow("Benchmarks", "Platform Sources Host Tools Tests")
 
     split("algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex " \
           "concepts condition_variable coroutine deque exception execution filesystem format " \

@@ -16,8 +16,6 @@ namespace platform {
 class Font final : public PreservedObject {
 public:
     /// Makes a font of its PostScript name, "Helvetica-Bold" for example.
-    ///
-    /// Selector: fontWithName:size:
     Font(std::string name, double size) : fontName_(std::move(name)), pointSize_(size) {}
 
     /// Returns the font that `archived` is; null when it states no name.

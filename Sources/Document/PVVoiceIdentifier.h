@@ -75,9 +75,8 @@ public:
     /// Selector: encodeWithCoder:
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
 
-    /// Returns this object, which never changes.
-    ///
-    /// Selector: copyWithZone:
+    /// Returns this object, which never changes. It is `copyWithZone:` without a zone, which
+    /// nothing here has.
     [[nodiscard]] std::shared_ptr<const PVVoiceIdentifier> copyWithZone() const;
 
     /// Whether `other` names the same voice: the same object, or the same platform voice, or else

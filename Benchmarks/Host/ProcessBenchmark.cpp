@@ -1,0 +1,59 @@
+// The main job as a whole process, from its start to its end: what a service pays that starts a
+// program for one file.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "Benchmarks/Support/Benchmarks.h"
+#include "Benchmarks/Support/Process.h"
+
+namespace bench {
+namespace {
+
+using Command = std::vector<std::string>;
+
+std::string add(const std::string& name, const Command& command) {
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [command](benchmark::State& state) {
+                                     for (auto _ : state) {
+                                         state.SetIterationTime(runProcess(command).seconds);
+                                     }
+                                 })
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
+    return name;
+}
+
+void checkThatOutputsAgree(const std::vector<Command>& commands) {
+    const ProcessRun first = runProcess(commands.front());
+    for (const Command& command : commands) {
+        const ProcessRun run = runProcess(command);
+        if (run.status != 0 || run.output.empty() || run.output != first.output) {
+            std::fprintf(stderr, "%s: the output differs\n", command.front().c_str());
+            std::abort();
+        }
+    }
+}
+
+}  // namespace
+
+void addProcessBenchmarks(const Packages& packages, Report& report) {
+    constexpr double kMilliseconds = 1;
+    constexpr double kTimesPython = 12;
+    const std::string path = packages.pathOf({10'000, 100, 10});
+    const Command pvindex{PV_BENCH_PVINDEX, "text", path};
+    const Command floor{PV_BENCH_FLOOR, path};
+    const Command python{PV_BENCH_PYTHON, "-S", "-E", PV_BENCH_SCRIPT, path};
+    checkThatOutputsAgree({pvindex, floor, python});
+    report.begin("A whole process for one document of 10 kB");
+    const std::string ours = add("Process: pvindex text", pvindex);
+    report.compare({"pvindex text, beside a floor program", ours, add("Process: floor", floor),
+                    Target::atMostMore(kMilliseconds)});
+    report.compare({"pvindex text, beside a Python script", ours, add("Process: Python", python),
+                    Target::atLeast(kTimesPython)});
+}
+
+}  // namespace bench

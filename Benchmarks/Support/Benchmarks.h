@@ -1,0 +1,25 @@
+// The parts of the benchmark run. Each registers what it measures and the rows that compare it.
+
+#pragma once
+
+#include "Benchmarks/Support/Packages.h"
+#include "Benchmarks/Support/Report.h"
+
+namespace bench {
+
+/// The main job inside one process: a package in, its text out.
+void addPackageBenchmarks(const Packages& packages, Report& report);
+
+/// Keyed archives in memory.
+void addArchiveBenchmarks(Report& report);
+
+/// Archives of many members, beside two other libraries.
+void addZipBenchmarks(const Packages& packages, Report& report);
+
+/// The main job as a whole process.
+void addProcessBenchmarks(const Packages& packages, Report& report);
+
+/// Measures at once how much memory the main job takes at its peak.
+void measureMemory(const Packages& packages, Report& report);
+
+}  // namespace bench
