@@ -1,7 +1,6 @@
 #include "Platform/Foundation/BinaryPropertyList.h"
 
 #include <bit>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <utility>
@@ -42,15 +41,6 @@ Fault truncated(std::string what, std::uint64_t offset) {
 
 bool BinaryPropertyList::hasSignature(const Data& data) {
     return data.view().substr(0, kSignature.size()) == kSignature;
-}
-
-std::uint64_t BinaryPropertyList::bigEndianAt(std::uint64_t offset, std::uint64_t width) const {
-    std::uint64_t value = 0;
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(data_.bytes()) + offset;
-    for (std::uint64_t i = 0; i < width; ++i) {
-        value = (value << 8) | bytes[i];
-    }
-    return value;
 }
 
 Result<BinaryPropertyList> BinaryPropertyList::open(Data data) {
@@ -105,6 +95,22 @@ Result<std::uint64_t> BinaryPropertyList::offsetOf(std::uint64_t index) const {
         return malformed("object " + std::to_string(index), offset);
     }
     return offset;
+}
+
+std::optional<std::uint64_t> BinaryPropertyList::uidAt(std::uint64_t index) const {
+    if (index >= objectCount_) {
+        return std::nullopt;
+    }
+    const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
+    if (offset < kHeaderSize || offset >= tableOffset_) {
+        return std::nullopt;
+    }
+    const std::uint64_t marker = bigEndianAt(offset, 1);
+    const std::uint64_t width = (marker & 0xF) + 1;
+    const bool isShortUid = (marker >> 4) == kUid && width <= 8;
+    return isShortUid && width < tableOffset_ - offset
+               ? std::optional(bigEndianAt(offset + 1, width))
+               : std::nullopt;
 }
 
 Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {

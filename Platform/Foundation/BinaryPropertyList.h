@@ -6,8 +6,11 @@
 
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,6 +67,10 @@ public:
     /// object's own bytes lie within the data; what is in them is not looked at.
     Result<BinaryItem> itemAt(std::uint64_t index) const;
 
+    /// Returns the reference that the object with number `index` is; nothing when it is none, or
+    /// one that only itemAt can judge. A short cut for archives, which are full of references.
+    [[nodiscard]] std::optional<std::uint64_t> uidAt(std::uint64_t index) const;
+
     /// Returns the number of an array's element.
     ///
     /// Requires: the item is an array, `position` is below its count.
@@ -103,7 +110,14 @@ public:
 private:
     explicit BinaryPropertyList(Data data) : data_(std::move(data)) {}
 
-    [[nodiscard]] std::uint64_t bigEndianAt(std::uint64_t offset, std::uint64_t width) const;
+    /// Takes eight bytes at once and drops what is too much: the trailer lies behind all that is
+    /// read so.
+    [[nodiscard]] std::uint64_t bigEndianAt(std::uint64_t offset, std::uint64_t width) const {
+        static_assert(std::endian::native == std::endian::little);
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, data_.bytes() + offset, sizeof bytes);
+        return __builtin_bswap64(bytes) >> (64 - 8 * width);
+    }
     [[nodiscard]] std::uint64_t referenceAt(std::uint64_t offset, std::uint64_t position) const {
         return bigEndianAt(offset + position * referenceSize_, referenceSize_);
     }
