@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kSignature = "bplist";
 constexpr std::string_view kVersion = "0";  // the digit after it does not matter
-constexpr std::uint64_t kHeaderSize = 8;
 constexpr std::uint64_t kTrailerSize = 32;
 
 // Marker nibbles, from the high half of an object's first byte.
@@ -85,24 +84,19 @@ Result<BinaryPropertyList> BinaryPropertyList::open(Data data) {
     return list;
 }
 
-Result<std::uint64_t> BinaryPropertyList::offsetOf(std::uint64_t index) const {
+/// What is wrong with an object that offsetOf does not find.
+Fault BinaryPropertyList::misplaced(std::uint64_t index) const {
     if (index >= objectCount_) {
-        return Fault{FaultCode::Malformed,
-                     "object " + std::to_string(index) + " of " + std::to_string(objectCount_)};
+        return {FaultCode::Malformed,
+                "object " + std::to_string(index) + " of " + std::to_string(objectCount_)};
     }
-    const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
-    if (offset < kHeaderSize || offset >= tableOffset_) {
-        return malformed("object " + std::to_string(index), offset);
-    }
-    return offset;
+    return malformed("object " + std::to_string(index),
+                     bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_));
 }
 
 std::optional<std::uint64_t> BinaryPropertyList::uidAt(std::uint64_t index) const {
-    if (index >= objectCount_) {
-        return std::nullopt;
-    }
-    const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
-    if (offset < kHeaderSize || offset >= tableOffset_) {
+    const std::uint64_t offset = offsetOf(index);
+    if (offset == 0) {
         return std::nullopt;
     }
     const std::uint64_t marker = bigEndianAt(offset, 1);
@@ -114,7 +108,10 @@ std::optional<std::uint64_t> BinaryPropertyList::uidAt(std::uint64_t index) cons
 }
 
 Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {
-    const std::uint64_t offset = PV_TRY(offsetOf(index));
+    const std::uint64_t offset = offsetOf(index);
+    if (offset == 0) {
+        return misplaced(index);
+    }
     const auto marker = static_cast<unsigned>(bigEndianAt(offset, 1));
     switch (marker >> 4) {
         case kInteger:

@@ -39,11 +39,11 @@ enum class BinaryKind : std::uint8_t {
 /// One object: its kind, and where the view finds its content.
 struct BinaryItem {
     BinaryKind kind = BinaryKind::Null;
+    /// Whether an integer lies above the signed range.
+    bool isUnsigned = false;
     /// Booleans and references: the value. Integers: the bits, to be read as signed or not as
     /// `isUnsigned` says. Reals and dates: the bits of a double.
     std::uint64_t bits = 0;
-    /// Whether an integer lies above the signed range.
-    bool isUnsigned = false;
     /// Data, strings: the bytes. Containers: the references (a dictionary's keys, then its values).
     Range bytes;
     /// Strings: UTF-16 units. Data: bytes. Arrays: elements. Dictionaries: pairs.
@@ -121,11 +121,21 @@ private:
     [[nodiscard]] std::uint64_t referenceAt(std::uint64_t offset, std::uint64_t position) const {
         return bigEndianAt(offset + position * referenceSize_, referenceSize_);
     }
-    Result<std::uint64_t> offsetOf(std::uint64_t index) const;
+    /// Returns where an object begins; 0, where none can, when the table does not lead to one.
+    [[nodiscard]] std::uint64_t offsetOf(std::uint64_t index) const {
+        if (index >= objectCount_) {
+            return 0;
+        }
+        const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
+        return offset >= kHeaderSize && offset < tableOffset_ ? offset : 0;
+    }
+    [[nodiscard]] Fault misplaced(std::uint64_t index) const;
     Result<BinaryItem> scalarAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> integerAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> uidAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> countedAt(std::uint64_t offset, unsigned marker) const;
+
+    static constexpr std::uint64_t kHeaderSize = 8;
 
     Data data_;
     std::uint64_t objectCount_ = 0;

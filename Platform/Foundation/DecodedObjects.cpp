@@ -11,7 +11,10 @@ void DecodedObjects::begin(std::uint64_t number) {
 }
 
 void DecodedObjects::finish(std::uint64_t number, Value value, unsigned height) {
-    entryOf(number) = {std::move(value), height, State::Decoded};
+    Entry& entry = entryOf(number);
+    entry.value = std::move(value);
+    entry.height = height;
+    entry.state = State::Decoded;
 }
 
 void DecodedObjects::damage(std::uint64_t number, Fault fault) {

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -29,8 +30,11 @@ public:
         State state = State::Forgotten;
     };
 
-    /// Requires: numbers are below `count`, the number of entries of the property list.
-    explicit DecodedObjects(std::uint64_t count) : places_(count) {}
+    /// `entries` is how many entries the property list has, all numbers are below it; `objects` is
+    /// how many of them can be objects. Memory is written to only for those that are begun.
+    DecodedObjects(std::uint64_t entries, std::uint64_t objects) : places_(entries) {
+        entries_.reserve(std::min(entries, objects));
+    }
 
     /// Returns what is known of an object; null when nothing is. Valid until another is begun. Any
     /// number will do.

@@ -24,8 +24,17 @@ Result<std::optional<std::uint64_t>> FieldFinder::valueNumber(const BinaryItem& 
     return std::optional<std::uint64_t>();
 }
 
-/// The make of `dictionary`; null when it is not one to be kept.
+/// The make of `dictionary`; null when it is not one to be kept. An object is mostly asked for
+/// several fields, one after the other.
 const FieldFinder::Make* FieldFinder::makeOf(const BinaryItem& dictionary) {
+    if (dictionary.bytes != last_) {
+        lastMake_ = findMake(dictionary);
+        last_ = dictionary.bytes;
+    }
+    return lastMake_;
+}
+
+const FieldFinder::Make* FieldFinder::findMake(const BinaryItem& dictionary) {
     const std::uint64_t count = dictionary.count;
     if (count == 0 || count > kMostKeys) {
         return nullptr;

@@ -36,10 +36,14 @@ private:
     };
 
     const Make* makeOf(const BinaryItem& dictionary);
+    const Make* findMake(const BinaryItem& dictionary);
     [[nodiscard]] bool readKeys(const BinaryItem& dictionary, Make& make) const;
 
     const KeyedArchiveTable& table_;
     std::array<Make, 32> makes_;
+    /// The dictionary that was asked about last, by its place and size, and its make.
+    Range last_;
+    const Make* lastMake_ = nullptr;
 };
 
 }  // namespace platform

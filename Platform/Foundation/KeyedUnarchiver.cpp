@@ -46,7 +46,7 @@ KeyedUnarchiver::Archive::Archive(KeyedUnarchiver& unarchiver, KeyedArchiveTable
       decoder(table.list(), budget),
       unarchiver_(unarchiver),
       fields_(table),
-      objects_(table.list().objectCount()) {
+      objects_(table.list().objectCount(), table.objectCount()) {
 }
 
 Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
@@ -279,7 +279,16 @@ Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classOf
     if (!reference) {
         return Fault{FaultCode::Malformed, "$class that is no reference"};
     }
-    const std::uint64_t number = PV_TRY(table.numberOfReference(*reference));
+    RecentClass& recent = recentClasses_[*reference % recentClasses_.size()];
+    if (recent.type == nullptr || recent.reference != *reference) {
+        recent = {*reference, PV_TRY(classNamedBy(*reference))};
+    }
+    return recent.type;
+}
+
+Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classNamedBy(
+    std::uint64_t reference) {
+    const std::uint64_t number = PV_TRY(table.numberOfReference(reference));
     if (const auto found = classes_.find(number); found != classes_.end()) {
         return &found->second;
     }

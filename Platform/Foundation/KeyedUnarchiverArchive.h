@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -72,6 +73,13 @@ private:
         std::weak_ptr<const OpaqueObject> unfinished;
     };
 
+    /// A class that was found last; null when there was none.
+    struct RecentClass {
+        std::uint64_t reference = 0;
+        const Class* type = nullptr;
+    };
+
+    Result<const Class*> classNamedBy(std::uint64_t reference);
     Result<Value> known(std::uint64_t number, std::uint64_t reference, unsigned depth);
     Result<Value> containing(std::uint64_t number, std::uint64_t reference) const;
     Result<Value> decode(std::uint64_t number, std::uint64_t reference, unsigned depth);
@@ -88,6 +96,7 @@ private:
     KeyLists keyLists_;
     /// By the numbers of their entries in the property list, as are the objects.
     std::unordered_map<std::uint64_t, Class> classes_;
+    std::array<RecentClass, 16> recentClasses_;
     DecodedObjects objects_;
     /// The objects that are being decoded, innermost last.
     std::vector<Open> open_;

@@ -1,5 +1,6 @@
 #include "Platform/Text/AttributedStringCoding.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -59,6 +60,7 @@ std::optional<Attributes> attributesAt(const ArchivedObject::Elements& sets, std
 std::vector<AttributeRun> readRuns(std::string_view table, const ArchivedObject::Elements& sets,
                                    std::uint64_t length) {
     std::vector<AttributeRun> runs;
+    runs.reserve(std::min<std::uint64_t>(table.size() / 2, length));
     NumberReader numbers(table);
     std::uint64_t rest = length;
     while (rest > 0) {
