@@ -28,7 +28,7 @@ bench: deps ## measure the main job and compare its speed with the targets; some
 	$(call build,bench)
 	@build/bench/bin/benchmarks
 
-check: deps ## format, includes, headers, words, lists: every gate
+check: deps ## every gate: layout, includes, names, lists and more
 	@Packaging/check/run.sh
 
 format: deps ## lay out all sources as .clang-format says

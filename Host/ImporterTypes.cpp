@@ -61,7 +61,7 @@ DeclaredType ImporterTypes::describe(std::string_view identifier) const {
 
 bool ImporterTypes::takesOneAbove(std::string_view identifier) const {
     return std::any_of(taken_.begin(), taken_.end(), [&](const std::string& taken) {
-        return platform::TypeRegistry::typeConformsTo(identifier, taken);
+        return platform::TypeRegistry::typeConformsToType(identifier, taken);
     });
 }
 

@@ -134,6 +134,13 @@ std::vector<Seed> propertyListSeeds() {
         {"xml-utf-16", utf16Of("<plist><string>wide</string></plist>", false)},
         {"xml-unended", Data::copyOf("<plist><array><dict><key>a"sv)},
         {"old-style", Data::copyOf("{ a = b; \"c d\" = (1, <0fbd77>); }"sv)},
+        {"old-style-escapes", Data::copyOf("(\"\\a\\101\\375\\377\\U20AC\\UD83D\\\n\", '\\'')"sv)},
+        {"old-style-comments", Data::copyOf("// one\n{ /* two */ a; b = /usr//lib; } /* three"sv)},
+        {"old-style-strings", Data::copyOf("\"Quit\" = \"Beenden\";\nopen = {a = ();};"sv)},
+        {"old-style-utf-16", utf16Of("{ a = (b, c); }", false)},
+        {"old-style-bare", Data::copyOf("\0?\0(\0a\0)"sv)},
+        {"old-style-deep", Data::copyOf(std::string(600, '(') + std::string(600, ')'))},
+        {"blank", Data::copyOf(" \n// nothing"sv)},
         {"empty", Data()},
     };
 }

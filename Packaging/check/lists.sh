@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Finds test files that no build list names, texts that do not end with exactly one newline, and
-# shell scripts that do not parse.
+# Finds sources and tests that no build list names, fuzz targets without seeds, texts that do not end
+# with exactly one newline, and shell scripts that do not parse.
 set -euo pipefail
 # shellcheck source=files.sh
 . "$(dirname "$0")/files.sh"
@@ -33,7 +33,7 @@ files=$(our_files)
 while IFS= read -r file; do
     case $file in
     Tests/Data/* | Fuzz/*/corpus/*) continue ;;  # kept byte for byte
-    Tests/*Test.cpp | Tests/*Test.c | Tests/*Test.sh)
+    *.cpp | *.c | Tests/*Test.sh)
         is_listed "$(build_list_of "$file")" "$file" ||
             report "$file: is not listed in $(build_list_of "$file")"
         ;;
@@ -52,4 +52,16 @@ while IFS= read -r file; do
         bash -n "$file" || report "$file: does not parse"
     fi
 done <<<"$files"
+
+# The fuzz targets, as the folders that their seeds lie in: a seed is a file of such a folder.
+targets=$(grep -E '^Fuzz/.*CMakeLists\.txt$' <<<"$files" | while IFS= read -r list; do
+    sed -n "s|^pv_fuzz(\([a-z_]*\).*|${list%/*}/corpus/\1|p" "$list"
+done)
+seeded=$(sed -nE 's|^(Fuzz/.*/corpus/[^/]+)/[^/]+$|\1|p' <<<"$files" | sort -u)
+while IFS= read -r corpus; do
+    report "$corpus: a fuzz target without seeds"
+done < <(comm -23 <(sort <<<"$targets") <(echo "$seeded") | sed '/^$/d')
+while IFS= read -r corpus; do
+    report "$corpus: seeds of no fuzz target"
+done < <(comm -13 <(sort <<<"$targets") <(echo "$seeded") | sed '/^$/d')
 exit "$findings"

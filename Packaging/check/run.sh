@@ -20,5 +20,7 @@ gate "format: all code is laid out as .clang-format says" ./format.sh
 gate "includes: they point down the storeys" ./includes.sh
 gate "headers: each compiles alone" ./headers.sh
 gate "words: nothing refers to papers outside the project" ./words.sh
-gate "lists: every test is built, files end well, scripts parse" ./lists.sh
+gate "lists: all sources and tests are built, files end well, scripts parse" ./lists.sh
+gate "selectors: functions are what their keyword names say" ./selectors.sh
+gate "data: every file is read by a test, its origin and licence are told" ./data.sh
 exit "$failed"

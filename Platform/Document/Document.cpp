@@ -36,6 +36,46 @@ void Document::updateChangeCount(ChangeKind change) {
     }
 }
 
+std::shared_ptr<UndoManager> Document::undoManager() {
+    if (undoManager_ == nullptr && hasUndoManager_ == HasUndoManager::Yes) {
+        undoManager_ = std::make_shared<UndoManager>();
+        // The manager may outlive the document, and one that was given up counts no more.
+        undoManager_->addObserver(
+            [weak = weak_from_this(), manager = undoManager_.get()](UndoEvent event) {
+                const auto document = weak.lock();
+                if (document != nullptr && document->undoManager_.get() == manager) {
+                    document->undoManagerDid(event);
+                }
+            });
+    }
+    return undoManager_;
+}
+
+void Document::setHasUndoManager(HasUndoManager hasUndoManager) {
+    hasUndoManager_ = hasUndoManager;
+    if (hasUndoManager == HasUndoManager::No) {
+        undoManager_.reset();
+    }
+}
+
+void Document::undoManagerDid(UndoEvent event) {
+    switch (event) {
+        case UndoEvent::WillCloseUndoGroup:
+            if (undoManager_->groupingLevel() == 1 && undoManager_->hasOpenActions()) {
+                updateChangeCount(ChangeKind::Done);
+            }
+            break;
+        case UndoEvent::DidUndoChange:
+            updateChangeCount(ChangeKind::Undone);
+            break;
+        case UndoEvent::DidRedoChange:
+            updateChangeCount(ChangeKind::Redone);
+            break;
+        default:
+            break;
+    }
+}
+
 bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
     // A wrapper takes a link as a link; a document is what the link leads to.
     const auto wrapper = FileWrapper::initWithPath(

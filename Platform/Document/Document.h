@@ -1,5 +1,5 @@
-// The base class of documents: which file a document belongs to, whether it was changed, and the
-// chain of operations through which it is read.
+// The base class of documents: which file a document belongs to, whether it was changed, how its
+// changes are undone, and the chain of operations through which it is read.
 //
 // Reading goes from the URL to a file wrapper, from there to bytes; a subclass overrides the step
 // that it knows better. A document is used on one thread at a time.
@@ -17,6 +17,7 @@
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/URL.h"
+#include "Platform/Foundation/UndoManager.h"
 #include "Platform/Foundation/Value.h"
 
 namespace platform {
@@ -30,6 +31,9 @@ enum class ChangeKind : std::int32_t {
     Autosaved = 4,
     Redone = 5,
 };
+
+/// Whether the changes of a document can be undone.
+enum class HasUndoManager : bool { No, Yes };
 
 /// A document without contents of its own.
 class Document : public std::enable_shared_from_this<Document> {
@@ -75,6 +79,24 @@ public:
     /// Selector: isDocumentEdited
     [[nodiscard]] bool isDocumentEdited() const { return changeCount_ != 0 || hasLeftTheFile_; }
 
+    /// The undo manager, made when it is first asked for; null for a document without one.
+    ///
+    /// It counts the changes: a group that is closed with actions in it is one, undoing takes it
+    /// back, redoing makes it again.
+    ///
+    /// Selector: undoManager
+    [[nodiscard]] std::shared_ptr<UndoManager> undoManager();
+
+    /// Whether the document has an undo manager or would make one; at first it would.
+    ///
+    /// Selector: hasUndoManager
+    [[nodiscard]] HasUndoManager hasUndoManager() const { return hasUndoManager_; }
+
+    /// A document that shall have none gives up the one that it has.
+    ///
+    /// Selector: setHasUndoManager:
+    void setHasUndoManager(HasUndoManager hasUndoManager);
+
     /// Reads the document from the file at `url`. Returns false when that fails, then perhaps with
     /// an error at the location.
     ///
@@ -109,12 +131,16 @@ protected:
                                          ErrorLocation error);
 
 private:
+    void undoManagerDid(UndoEvent event);
+
     std::optional<URL> fileURL_;
     std::optional<std::string> fileType_;
     std::optional<Date> fileModificationDate_;
     std::int64_t changeCount_ = 0;
     // Until the next save, no count leads back to what the file holds.
     bool hasLeftTheFile_ = false;
+    HasUndoManager hasUndoManager_ = HasUndoManager::Yes;
+    std::shared_ptr<UndoManager> undoManager_;
 };
 
 }  // namespace platform

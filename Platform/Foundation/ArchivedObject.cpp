@@ -65,6 +65,15 @@ Result<std::optional<Data>> ArchivedObject::dataForKey(std::string_view key) con
     return std::optional<Data>();
 }
 
+Result<std::int64_t> ArchivedObject::integerForKey(std::string_view key) const {
+    const Value value = PV_TRY(objectForKey(key));
+    const auto integer = value.string() == nullptr ? value.integerValue() : std::nullopt;
+    if (!integer && !value.isNull()) {
+        return wrongType(key, "number");
+    }
+    return integer.value_or(0);
+}
+
 Result<std::optional<ArchivedObject::Elements>> ArchivedObject::elementsForKey(
     std::string_view key) const {
     const auto number = PV_TRY(valueNumberForKey(key));

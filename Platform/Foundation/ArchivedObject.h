@@ -42,6 +42,10 @@ public:
     /// none or it is the null object; anything else is a Fault.
     Result<std::optional<Data>> dataForKey(std::string_view key) const;
 
+    /// Returns the integer under `key` as integerValue reads it, 0 when there is none; a value that
+    /// is no number is a Fault.
+    Result<std::int64_t> integerForKey(std::string_view key) const;
+
     /// The elements of an array, to be decoded one by one.
     class Elements {
     public:
@@ -83,6 +87,16 @@ public:
 
     /// Returns the object as an OpaqueObject.
     Result<Value> opaque() const;
+
+    /// Returns what `Type::fromArchived` makes of the object, or where that is null the object as
+    /// an OpaqueObject.
+    template <class Type>
+    Result<Value> typed() const {
+        Value kept = PV_TRY(opaque());
+        const auto archived = std::static_pointer_cast<const OpaqueObject>(kept.object());
+        const auto object = Type::fromArchived(archived);
+        return object != nullptr ? Value(object) : kept;
+    }
 
 private:
     friend class KeyedUnarchiver;

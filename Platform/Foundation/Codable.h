@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Value.h"
@@ -21,6 +22,12 @@ struct ArchivedClassNames {
     /// Names of classes that may stand in for it.
     std::vector<std::string> hints;
 };
+
+/// Returns the names of a class that is written here, its own first.
+[[nodiscard]] inline std::shared_ptr<const ArchivedClassNames> classNamed(
+    std::vector<std::string> names) {
+    return std::make_shared<const ArchivedClassNames>(ArchivedClassNames{std::move(names), {}});
+}
 
 /// The root of the classes whose instances know how to be archived.
 class Codable : public Object {

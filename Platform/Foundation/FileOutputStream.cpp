@@ -29,7 +29,7 @@ void FileOutputStream::close() {
 }
 
 std::int64_t FileOutputStream::write(std::span<const std::byte> bytes) {
-    if (status() != StreamStatus::Open) {
+    if (streamStatus() != StreamStatus::Open) {
         return -1;
     }
     setStatus(StreamStatus::Writing);

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "Platform/Foundation/Exception.h"
+#include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileWrapperReader.h"
+#include "Platform/Foundation/FileWrapperSerialization.h"
 #include "Platform/Foundation/PathString.h"
 
 namespace platform {
@@ -227,8 +229,17 @@ std::string FileWrapper::symbolicLinkDestination() const {
     return link->destination;
 }
 
+std::shared_ptr<FileWrapper> FileWrapper::initWithSerializedRepresentation(const Data& data) {
+    auto wrapper = fileWrapperFromSerializedRepresentation(data);
+    if (!wrapper) {
+        noteFailure(wrapper.fault().detail);
+        return nullptr;
+    }
+    return std::move(wrapper).value();
+}
+
 std::optional<Data> FileWrapper::serializedRepresentation() const {
-    return std::nullopt;
+    return serializedRepresentationOf(*this);
 }
 
 FileWrapper::Directory& FileWrapper::directory(std::string_view operation) const {

@@ -137,8 +137,14 @@ public:
     /// Selector: symbolicLinkDestination
     [[nodiscard]] virtual std::string symbolicLinkDestination() const;
 
-    /// Returns the whole tree as bytes, for classes that know a format for it. This class knows
-    /// none.
+    /// Returns the tree that `data`, a serialized representation, holds; null when it is none.
+    ///
+    /// Selector: initWithSerializedRepresentation:
+    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithSerializedRepresentation(
+        const Data& data);
+
+    /// Returns the whole tree as one run of bytes (FileWrapperSerialization.h); nothing when that
+    /// cannot be had.
     ///
     /// Selector: serializedRepresentation
     [[nodiscard]] virtual std::optional<Data> serializedRepresentation() const;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/Foundation/ArchivedObject.h"
+#include "Platform/Foundation/URLReference.h"
 #include "Platform/Foundation/Unicode.h"
 
 namespace platform {
@@ -100,12 +101,29 @@ Result<Value> decodeDictionary(const ArchivedObject& object) {
     return Value(Dictionary(std::move(entries)));
 }
 
+/// Numbers stand in the table themselves; only writers of another kind make objects of them.
+Result<Value> decodeNumber(const ArchivedObject& object) {
+    for (const std::string_view key : {"NS.number", "NS.boolval", "NS.intval", "NS.dblval"}) {
+        Value number = PV_TRY(object.objectForKey(key));
+        if (number.doubleValue()) {
+            return number;
+        }
+    }
+    return object.opaque();
+}
+
+Result<Value> decodeUrl(const ArchivedObject& object) {
+    return object.typed<URLReference>();
+}
+
 constexpr CodableClass kClasses[] = {
     {"NSString", decodeString},
     {"NSMutableString", decodeString},
     {"NSData", decodeData},
     {"NSMutableData", decodeData},
+    {"NSNumber", decodeNumber},
     {"NSDate", decodeDate},
+    {"NSURL", decodeUrl},
     {"NSArray", decodeArray},
     {"NSMutableArray", decodeArray},
     {"NSDictionary", decodeDictionary},

@@ -10,7 +10,8 @@
 
 namespace platform {
 
-/// The classes that every unarchiver knows: strings, data, dates, arrays and dictionaries.
+/// The classes that every unarchiver knows: strings, numbers, data, dates, arrays, dictionaries and
+/// URLs.
 [[nodiscard]] std::span<const CodableClass> foundationClasses();
 
 }  // namespace platform

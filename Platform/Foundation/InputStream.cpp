@@ -16,14 +16,14 @@ std::shared_ptr<InputStream> InputStream::inputStreamWithData(Data data) {
 }
 
 bool InputStream::hasBytesAvailable() const {
-    return status() == StreamStatus::Open;
+    return streamStatus() == StreamStatus::Open;
 }
 
 std::optional<std::int64_t> InputStream::answerWithoutReading(std::size_t count) const {
-    if (status() == StreamStatus::AtEnd) {
+    if (streamStatus() == StreamStatus::AtEnd) {
         return 0;
     }
-    if (status() != StreamStatus::Open) {
+    if (streamStatus() != StreamStatus::Open) {
         return -1;
     }
     return count == 0 ? std::optional<std::int64_t>(0) : std::nullopt;

@@ -150,7 +150,7 @@ private:
         std::uint64_t nextUnkeyed = 0;
     };
 
-    /// One more level of nesting, while it lives.
+    /// One more level of nesting, as readers count them, while it lives.
     class Level {
     public:
         explicit Level(Archive& archive) : archive_(archive) {
@@ -191,9 +191,8 @@ private:
                     set("NS.time", Value(value.date()->secondsSinceReferenceDate));
                 });
             case ValueKind::Array:
-                return standardObject({"NSArray", "NSObject"}, [&] {
-                    set("NS.objects", references(*value.array()));
-                });
+                return standardObject({"NSArray", "NSObject"},
+                                      [&] { set("NS.objects", references(*value.array())); });
             case ValueKind::Dictionary:
                 return standardObject({"NSDictionary", "NSObject"},
                                       [&] { setDictionary(*value.dictionary()); });
@@ -224,9 +223,7 @@ private:
 
     template <class Encode>
     Value standardObject(std::vector<std::string> names, Encode encode) {
-        return instance(
-            std::make_shared<const ArchivedClassNames>(ArchivedClassNames{std::move(names), {}}),
-            encode);
+        return instance(classNamed(std::move(names)), encode);
     }
 
     /// Returns the entry of an instance; its class comes after what it holds.
@@ -243,6 +240,7 @@ private:
     }
 
     Value references(const Array& values) {
+        const Level level(*this);
         Array array;
         array.reserve(values.size());
         for (const Value& value : values) {
@@ -252,6 +250,7 @@ private:
     }
 
     void setDictionary(const Dictionary& dictionary) {
+        const Level level(*this);
         Array keys;
         Array values;
         keys.reserve(dictionary.size());

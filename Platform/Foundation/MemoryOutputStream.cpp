@@ -15,7 +15,7 @@ void MemoryOutputStream::close() {
 }
 
 std::int64_t MemoryOutputStream::write(std::span<const std::byte> bytes) {
-    if (status() != StreamStatus::Open) {
+    if (streamStatus() != StreamStatus::Open) {
         return -1;
     }
     if (bytes.empty()) {

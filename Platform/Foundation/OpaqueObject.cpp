@@ -6,6 +6,14 @@
 
 namespace platform {
 
+std::shared_ptr<const OpaqueObject> OpaqueObject::make(std::vector<std::string> names,
+                                                       std::vector<OpaqueField> fields) {
+    const auto object = std::make_shared<OpaqueObject>();
+    object->type = classNamed(std::move(names));
+    object->fields = std::move(fields);
+    return object;
+}
+
 Value OpaqueObject::operator[](std::string_view name) const {
     const auto field = std::find_if(fields.begin(), fields.end(),
                                     [&](const OpaqueField& f) { return f.name == name; });

@@ -39,6 +39,10 @@ public:
     /// The fields under their names on disk, in the archive's order.
     std::vector<OpaqueField> fields;
 
+    /// Returns an object of the class `names` with these fields.
+    [[nodiscard]] static std::shared_ptr<const OpaqueObject> make(std::vector<std::string> names,
+                                                                  std::vector<OpaqueField> fields);
+
     /// Returns the value of the field `name`, null when there is none. Looks through all fields.
     [[nodiscard]] Value operator[](std::string_view name) const;
 

@@ -6,7 +6,7 @@
 namespace platform {
 
 bool Stream::beginOpening() {
-    if (status() != StreamStatus::NotOpen) {
+    if (streamStatus() != StreamStatus::NotOpen) {
         return false;
     }
     status_ = StreamStatus::Opening;

@@ -31,13 +31,13 @@ public:
     virtual void close() = 0;
 
     /// Selector: streamStatus
-    [[nodiscard]] virtual StreamStatus status() const { return status_; }
+    [[nodiscard]] virtual StreamStatus streamStatus() const { return status_; }
 
     /// Returns the error that ended the stream, in the domain of errno values; nothing while there
     /// was none. It outlives closing.
     ///
     /// Selector: streamError
-    [[nodiscard]] virtual std::optional<Error> error() const { return error_; }
+    [[nodiscard]] virtual std::optional<Error> streamError() const { return error_; }
 
 protected:
     Stream() = default;

@@ -86,8 +86,8 @@ bool TypeRegistry::isDeclared(std::string_view identifier) noexcept {
     return rowOfType(identifier) != kTypeCount;
 }
 
-bool TypeRegistry::typeConformsTo(std::string_view identifier,
-                                  std::string_view conformsToType) noexcept {
+bool TypeRegistry::typeConformsToType(std::string_view identifier,
+                                      std::string_view conformsToType) noexcept {
     const std::size_t type = rowOfType(identifier);
     if (type == kTypeCount) {
         return equalIgnoringAsciiCase(identifier, conformsToType);
@@ -113,7 +113,7 @@ std::vector<std::string_view> TypeRegistry::typesForMimeType(std::string_view mi
     return types;
 }
 
-std::optional<std::string_view> TypeRegistry::preferredFilenameExtension(
+std::optional<std::string_view> TypeRegistry::preferredFilenameExtensionForType(
     std::string_view identifier) noexcept {
     const std::size_t row = rowOfType(identifier);
     if (row == kTypeCount || kTypeTable[row].filenameExtensions.empty()) {

@@ -28,8 +28,8 @@ public:
     /// Allocates nothing.
     ///
     /// Selector: type:conformsToType:
-    [[nodiscard]] static bool typeConformsTo(std::string_view identifier,
-                                             std::string_view conformsToType) noexcept;
+    [[nodiscard]] static bool typeConformsToType(std::string_view identifier,
+                                                 std::string_view conformsToType) noexcept;
 
     /// Returns the types that files with `filenameExtension` (without the dot) may have, none when
     /// no type has it.
@@ -46,7 +46,7 @@ public:
     /// type has none of its own.
     ///
     /// Selector: preferredFilenameExtensionForType:
-    [[nodiscard]] static std::optional<std::string_view> preferredFilenameExtension(
+    [[nodiscard]] static std::optional<std::string_view> preferredFilenameExtensionForType(
         std::string_view identifier) noexcept;
 };
 

@@ -130,6 +130,20 @@ std::optional<std::int64_t> Value::integerValue() const {
     return std::nullopt;
 }
 
+std::optional<double> Value::doubleValue() const {
+    if (const auto number = real()) {
+        return number;
+    }
+    if (const auto large = unsignedInteger()) {
+        return static_cast<double>(*large);
+    }
+    if (const auto small = integer()) {
+        return static_cast<double>(*small);
+    }
+    const auto flag = boolean();
+    return flag ? std::optional<double>(*flag ? 1 : 0) : std::nullopt;
+}
+
 bool operator==(const Value& first, const Value& second) {
     if (first.kind_ != second.kind_ || first.isLarge_ != second.isLarge_) {
         return false;

@@ -85,9 +85,15 @@ public:
     Value(const char*) = delete;
     Value(Array array);
     Value(platform::Dictionary dictionary);
+    /// A string or dictionary that is shared with others; a null pointer makes the null value.
+    explicit Value(std::shared_ptr<const std::u16string> string)
+        : Value(ValueKind::String, std::move(string)) {}
+    explicit Value(std::shared_ptr<const platform::Dictionary> dictionary)
+        : Value(ValueKind::Dictionary, std::move(dictionary)) {}
     Value(platform::Uid uid) : kind_(ValueKind::Uid), bits_(uid.index) {}
+    /// An object; a null pointer makes the null value.
     Value(std::shared_ptr<const platform::Object> object)
-        : kind_(ValueKind::Object), shared_(std::move(object)) {}
+        : Value(ValueKind::Object, std::move(object)) {}
 
     Value(const Value& other) : kind_(other.kind_), isLarge_(other.isLarge_) {
         if (isShared()) {
@@ -160,10 +166,23 @@ public:
     /// Selector: integerValue
     [[nodiscard]] std::optional<std::int64_t> integerValue() const;
 
+    /// The value as a real number; nothing when it is no number. A boolean is 0 or 1.
+    ///
+    /// Selector: doubleValue
+    [[nodiscard]] std::optional<double> doubleValue() const;
+
     /// Compares by content; objects compare by identity. Requires: no cycle through objects.
     friend bool operator==(const Value& first, const Value& second);
 
 private:
+    /// Holds what is shared; nothing shared makes the null value.
+    Value(ValueKind kind, std::shared_ptr<const void> shared) : bits_(0) {
+        if (shared != nullptr) {
+            kind_ = kind;
+            std::construct_at(&shared_, std::move(shared));
+        }
+    }
+
     [[nodiscard]] bool isShared() const {
         return kind_ == ValueKind::Data || kind_ == ValueKind::String ||
                kind_ == ValueKind::Array || kind_ == ValueKind::Dictionary ||

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include <string_view>
+
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
@@ -15,6 +17,9 @@ namespace platform {
 /// Declared entities are refused and nothing outside of `data` is ever read. A reference of a keyed
 /// archive stays the one-key dictionary that it is in XML.
 Result<Value> valueFromXml(const Data& data);
+
+/// Does the same for text that is UTF-8 already, whatever encoding it declares.
+Result<Value> valueFromUtf8Xml(std::string_view text);
 
 /// Returns `propertyList` as an XML property list: UTF-8, one tab a level, keys in order of their
 /// characters, references as one-key dictionaries. A Fault when it holds an object or nests deeper

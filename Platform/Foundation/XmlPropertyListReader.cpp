@@ -272,16 +272,14 @@ void onSkippedEntity(void* userData, const XML_Char* name, int) {
     builderOf(userData).skippedEntity(name);
 }
 
-}  // namespace
-
-Result<Value> valueFromXml(const Data& data) {
-    std::string_view text = data.view();
+/// Reads `text` in `encoding`, or in the one that it declares when that is null.
+Result<Value> valueFromEncodedXml(std::string_view text, const char* encoding) {
     // The parser wants a declaration to come first of all.
     while (!text.empty() && isBlank(text.front())) {
         text.remove_prefix(1);
     }
     const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
-        XML_ParserCreate(nullptr), XML_ParserFree);
+        XML_ParserCreate(encoding), XML_ParserFree);
     if (!parser) {
         throw std::bad_alloc();
     }
@@ -301,6 +299,16 @@ Result<Value> valueFromXml(const Data& data) {
         text.remove_prefix(size);
     } while (status == XML_STATUS_OK && !text.empty());
     return builder.finish(status);
+}
+
+}  // namespace
+
+Result<Value> valueFromXml(const Data& data) {
+    return valueFromEncodedXml(data.view(), nullptr);
+}
+
+Result<Value> valueFromUtf8Xml(std::string_view text) {
+    return valueFromEncodedXml(text, "UTF-8");
 }
 
 }  // namespace platform

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -9,6 +10,7 @@
 #include "Platform/Foundation/Base64.h"
 #include "Platform/Foundation/CalendarDate.h"
 #include "Platform/Foundation/PropertyListDecoder.h"
+#include "Platform/Foundation/Unicode.h"
 #include "Platform/Foundation/XmlPropertyList.h"
 
 namespace platform {
@@ -19,6 +21,31 @@ constexpr std::string_view kHead =
     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
     "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n";
+
+/// Whether a document in XML can hold the unit; surrogates only in pairs.
+bool isHoldable(std::u16string_view text, std::size_t at) {
+    const char16_t unit = text[at];
+    if (isHighSurrogate(unit)) {
+        return at + 1 < text.size() && isLowSurrogate(text[at + 1]);
+    }
+    if (isLowSurrogate(unit)) {
+        return at > 0 && isHighSurrogate(text[at - 1]);
+    }
+    const bool isWhiteSpace = unit == u'\t' || unit == u'\n' || unit == u'\r';
+    return (unit >= 0x20 || isWhiteSpace) && unit < 0xFFFE;
+}
+
+Outcome checkHoldable(std::u16string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!isHoldable(text, i)) {
+            std::array<char, 5> digits{};
+            std::to_chars(digits.data(), digits.data() + 4, static_cast<unsigned>(text[i]), 16);
+            return Fault{FaultCode::Unsupported, std::string("text with the unit 0x") +
+                                                     digits.data() + ", which XML cannot hold"};
+        }
+    }
+    return done();
+}
 
 std::string escaped(std::string_view text) {
     std::string result;
@@ -33,6 +60,10 @@ std::string escaped(std::string_view text) {
                 break;
             case '&':
                 result += "&amp;";
+                break;
+            case '\r':
+                // Readers turn one that stands for itself into a line feed.
+                result += "&#13;";
                 break;
             default:
                 result += c;
@@ -83,6 +114,7 @@ public:
                 writeData(value.data()->view(), depth);
                 return done();
             case ValueKind::String:
+                PV_TRY(checkHoldable(*value.string()));
                 element(depth, "string", escaped(*value.utf8()));
                 return done();
             case ValueKind::Array:
@@ -147,6 +179,7 @@ private:
                   [](const auto& a, const auto& b) { return a.first < b.first; });
         line(depth, "<dict>");
         for (const auto& [key, value] : entries) {
+            PV_TRY(checkHoldable(utf16FromUtf8Lossy(key)));
             element(depth + 1, "key", escaped(key));
             PV_TRY(write(*value, depth + 1));
         }

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/Codable.h"
 #include "Platform/Foundation/Range.h"
 #include "Platform/Foundation/Value.h"
 
@@ -27,7 +28,7 @@ struct AttributeRun {
 };
 
 /// Characters, and the attributes of each.
-class AttributedString : public Object {
+class AttributedString : public Codable {
 public:
     /// Makes an empty string.
     AttributedString();
@@ -62,6 +63,10 @@ public:
     /// Selector: attributesAtIndex:effectiveRange:
     [[nodiscard]] Attributes attributesAtIndex(std::uint64_t index,
                                                Range* effectiveRange = nullptr) const;
+
+    // Where the text is archived: see AttributedStringCoding.h.
+    [[nodiscard]] std::shared_ptr<const ArchivedClassNames> archivedClass() const override;
+    void encodeWithCoder(KeyedArchiver& coder) const override;
 
 private:
     std::shared_ptr<const std::u16string> string_;

@@ -6,11 +6,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "Platform/Foundation/ArchivedObject.h"
+#include "Platform/Foundation/KeyedArchiver.h"
 #include "Platform/Text/AttributedString.h"
+#include "Platform/Text/Color.h"
+#include "Platform/Text/Font.h"
+#include "Platform/Text/ParagraphStyle.h"
+#include "Platform/Text/TextAttachment.h"
 
 namespace platform {
 namespace {
@@ -115,16 +121,74 @@ Result<Value> decodeAttributedString(const ArchivedObject& object) {
         std::make_shared<const AttributedString>(std::move(text), std::move(runs))));
 }
 
+template <class Type>
+Result<Value> decodeTyped(const ArchivedObject& object) {
+    return object.typed<Type>();
+}
+
 constexpr CodableClass kClasses[] = {
     {"NSAttributedString", decodeAttributedString},
     {"NSMutableAttributedString", decodeAttributedString},
     {"NSTextStorage", decodeAttributedString},
+    {"NSFont", decodeTyped<Font>},
+    {"NSColor", decodeTyped<Color>},
+    {"NSParagraphStyle", decodeTyped<ParagraphStyle>},
+    {"NSMutableParagraphStyle", decodeTyped<ParagraphStyle>},
+    {"NSTextAttachment", decodeTyped<TextAttachment>},
 };
+
+/// Appends a number of a run table, as NumberReader reads it.
+void appendNumber(std::string& table, std::uint64_t number) {
+    while (number > 0x7F) {
+        table.push_back(static_cast<char>(number | 0x80));
+        number >>= 7;
+    }
+    table.push_back(static_cast<char>(number));
+}
+
+/// The attribute sets of a text, each once, and the table of its runs.
+struct RunTable {
+    Array sets;
+    std::string table;
+};
+
+RunTable tableOf(const std::vector<AttributeRun>& runs) {
+    RunTable result;
+    std::unordered_map<const Dictionary*, std::uint64_t> places;
+    for (const AttributeRun& run : runs) {
+        const auto [place, isNew] = places.try_emplace(run.attributes.get(), result.sets.size());
+        if (isNew) {
+            result.sets.push_back(run.attributes ? Value(run.attributes) : Value(Dictionary()));
+        }
+        appendNumber(result.table, run.length);
+        appendNumber(result.table, place->second);
+    }
+    return result;
+}
 
 }  // namespace
 
 std::span<const CodableClass> attributedTextClasses() {
     return kClasses;
+}
+
+std::shared_ptr<const ArchivedClassNames> AttributedString::archivedClass() const {
+    return classNamed({"NSAttributedString", "NSObject"});
+}
+
+void AttributedString::encodeWithCoder(KeyedArchiver& coder) const {
+    coder.encodeObject(Value(string_), "NSString");
+    if (runs_->empty()) {
+        return;
+    }
+    RunTable runs = tableOf(*runs_);
+    // One run needs no table, its attributes stand alone.
+    if (runs_->size() == 1) {
+        coder.encodeObject(runs.sets.front(), "NSAttributes");
+        return;
+    }
+    coder.encodeObject(Value(std::move(runs.sets)), "NSAttributes");
+    coder.encodeObject(Value(Data::adopt(std::move(runs.table))), "NSAttributeInfo");
 }
 
 }  // namespace platform

@@ -25,7 +25,7 @@ namespace platform {
 /// backspace, shifts), U+001A (the end of old files) and U+001B (escape). So a few strays in a long
 /// text do no harm, and UTF-16 or UTF-32 without a mark, which is full of NULs, is refused.
 ///
-/// Selector: readFromData:
+/// It is what the platform's readFromData:options:documentAttributes:error: does without options.
 Result<AttributedString> attributedStringFromData(const Data& data);
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #include "Sources/Document/Document.h"
 
 #include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/Codable.h"
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
@@ -26,8 +27,8 @@ namespace {
 constexpr char kPdfType[] = "com.adobe.pdf";
 
 bool isPackageType(const std::string& type) {
-    return TypeRegistry::typeConformsTo(type, kForeignDocumentType) ||
-           TypeRegistry::typeConformsTo(type, kDocumentType);
+    return TypeRegistry::typeConformsToType(type, kForeignDocumentType) ||
+           TypeRegistry::typeConformsToType(type, kDocumentType);
 }
 
 /// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
@@ -45,10 +46,10 @@ Value valueUnder(std::string_view key, const Value& value) {
 /// What an archive's root is when it is no text, for a person.
 std::string describeRoot(const Value& root) {
     const auto object = root.object();
-    const auto* const opaque = dynamic_cast<const platform::OpaqueObject*>(object.get());
-    return opaque != nullptr && opaque->type != nullptr
-               ? "root object of class " + opaque->type->names.front() + ", which is no text"
-               : "root object that is no text";
+    const auto* const codable = dynamic_cast<const platform::Codable*>(object.get());
+    const auto type = codable != nullptr ? codable->archivedClass() : nullptr;
+    return type != nullptr ? "root object of class " + type->names.front() + ", which is no text"
+                           : "root object that is no text";
 }
 
 /// The compatibility version that the header states; nothing when there is none.
@@ -154,7 +155,7 @@ void Document::readText(const FileWrapper& member) {
 }
 
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
-    if (TypeRegistry::typeConformsTo(ofType, kPdfType)) {
+    if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
         // FIXME: extract the pages' text.
         noteFailure("PDF is not read yet");
         return false;
@@ -170,6 +171,31 @@ bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLo
 
 void Document::replaceRealStorageWithAttributedString(AttributedString text) {
     textStorage_ = std::make_shared<platform::TextStorage>(std::move(text));
+}
+
+void Document::setTextStorage(AttributedString text) {
+    registerUndoOfText();
+    textStorage_->replaceCharactersInRangeWithAttributedString({0, textStorage_->length()},
+                                                               std::move(text));
+}
+
+void Document::setTextStorage(std::u16string string) {
+    registerUndoOfText();
+    textStorage_->replaceCharactersInRangeWithString({0, textStorage_->length()},
+                                                     std::move(string));
+}
+
+void Document::registerUndoOfText() {
+    const auto manager = undoManager();
+    if (manager == nullptr) {
+        return;
+    }
+    manager->registerUndoWithTarget(
+        this, [weak = weak_from_this(), text = textStorage_->attributedString()] {
+            if (const auto document = std::static_pointer_cast<Document>(weak.lock())) {
+                document->setTextStorage(text);
+            }
+        });
 }
 
 std::optional<std::uint32_t> Document::compressLevelForFileWrapper(

@@ -111,6 +111,15 @@ public:
         return textStorage_;
     }
 
+    /// Replaces the whole text by a copy of `text`, which can be undone; the storage stays the same
+    /// object.
+    ///
+    /// Selector: setTextStorage:
+    void setTextStorage(platform::AttributedString text);
+
+    /// The same for characters alone: all of them take the attributes of the first one replaced.
+    void setTextStorage(std::u16string string);
+
     [[nodiscard]] Editing isEditing() const { return editing_; }
     void setEditing(Editing editing) { editing_ = editing; }
 
@@ -153,6 +162,7 @@ public:
 private:
     [[nodiscard]] bool readPackage(const std::string& path, platform::ErrorLocation error);
     void readText(const platform::FileWrapper& member);
+    void registerUndoOfText();
 
     std::weak_ptr<platform::Object> mainWindowController_;
     std::shared_ptr<platform::TextStorage> textStorage_ = std::make_shared<platform::TextStorage>();

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The list gate finds tests that are not built, ill-ended files and scripts that do not parse.
+# The list gate finds what is not built, fuzz targets without seeds, ill-ended files and scripts that
+# do not parse.
 # shellcheck source=../Support/GateTree.sh
 . "$(dirname "$0")/../Support/GateTree.sh"
 
@@ -9,6 +10,11 @@ sound_tree() {
     write Tests/Nested/DeepTest.cpp '// a test'
     write Tests/Host/CMakeLists.txt 'pv_test(host' '    SOURCES MainTest.cpp' ')'
     write Tests/Host/MainTest.cpp '// a test'
+    write Sources/CMakeLists.txt 'pv_library(all SOURCES Zip/Zip.cpp)'
+    write Sources/Zip/Zip.cpp '// a source'
+    write Fuzz/Zip/CMakeLists.txt 'pv_fuzz(zip_fuzz' '    SOURCE ZipFuzz.cpp' ')'
+    write Fuzz/Zip/ZipFuzz.cpp '// a target'
+    write Fuzz/Zip/corpus/zip_fuzz/empty ''
     write tool.sh 'echo fine'
     write run '#!/usr/bin/env bash' 'echo fine'
 }
@@ -38,6 +44,20 @@ expect_finding "a name in a comment" "Tests/Host/MainTest.cpp: is not listed"
 sound_tree
 write Tests/Nested/OtherTest.cpp '// a test'
 expect_finding "a test below the list's folder" "OtherTest.cpp: is not listed in Tests/CMakeLists.txt"
+
+for folder in Sources/Zip Fuzz/Zip Benchmarks; do
+    sound_tree
+    write "$folder/Lost.cpp" '// in no list'
+    expect_finding "a source in no list" "$folder/Lost.cpp: is not listed in "
+done
+
+sound_tree
+rm "$tree/Fuzz/Zip/corpus/zip_fuzz/empty"
+expect_finding "a target without seeds" "Fuzz/Zip/corpus/zip_fuzz: a fuzz target without seeds"
+
+sound_tree
+write Fuzz/Zip/corpus/gzip_fuzz/empty ''
+expect_finding "seeds without a target" "Fuzz/Zip/corpus/gzip_fuzz: seeds of no fuzz target"
 
 sound_tree
 printf 'no end' >"$tree/a.txt"

@@ -144,8 +144,8 @@ bool ZipWrapper::initWithStreamContents(InputStream* stream, Delegate withDelega
         return false;
     }
     stream->open();
-    if (stream->status() != platform::StreamStatus::Open) {
-        const auto error = stream->error();
+    if (stream->streamStatus() != platform::StreamStatus::Open) {
+        const auto error = stream->streamError();
         // Our own streams have noted more: the path, too.
         platform::noteFailureUnlessNoted(error ? error->description : "the file can't be opened");
         return false;
@@ -226,7 +226,7 @@ std::shared_ptr<FileWrapper> ZipWrapper::spooledEntry(std::string_view name,
         platform::OutputStream::outputStreamToFileAtPath(*path, platform::FileAppending::No);
     BegunFile file(*path);
     stream->open();
-    if (stream->status() != platform::StreamStatus::Open || !writeEntry(entry, stream)) {
+    if (stream->streamStatus() != platform::StreamStatus::Open || !writeEntry(entry, stream)) {
         file.leave();
         return nullptr;
     }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -157,6 +158,46 @@ TEST(Document, CountsChanges) {
         }
         EXPECT_EQ(document->isDocumentEdited(), row.edited);
     }
+}
+
+TEST(Document, TheUndoManagerIsMadeWhenItIsAskedFor) {
+    const auto document = PlainDocument::init();
+    EXPECT_EQ(document->hasUndoManager(), HasUndoManager::Yes);
+    const auto manager = document->undoManager();
+    ASSERT_NE(manager, nullptr);
+    EXPECT_EQ(document->undoManager(), manager);
+    document->setHasUndoManager(HasUndoManager::No);
+    EXPECT_EQ(document->hasUndoManager(), HasUndoManager::No);
+    EXPECT_EQ(document->undoManager(), nullptr);
+    manager->registerUndoWithTarget(nullptr, [] {});
+    manager->endEvent();
+    EXPECT_FALSE(document->isDocumentEdited()) << "a manager that was given up counts no more";
+    document->setHasUndoManager(HasUndoManager::Yes);
+    EXPECT_NE(document->undoManager(), nullptr);
+}
+
+TEST(Document, TheUndoManagerCountsChanges) {
+    const auto document = PlainDocument::init();
+    const auto manager = document->undoManager();
+    const std::function<void()> change = [&] {
+        manager->registerUndoWithTarget(document.get(), change);
+    };
+    manager->beginUndoGrouping();
+    manager->endUndoGrouping();
+    manager->endEvent();
+    EXPECT_FALSE(document->isDocumentEdited()) << "a group without actions is no change";
+    manager->beginUndoGrouping();
+    change();
+    manager->endUndoGrouping();
+    EXPECT_FALSE(document->isDocumentEdited()) << "the event has not ended";
+    manager->endEvent();
+    EXPECT_TRUE(document->isDocumentEdited());
+    manager->undo();
+    EXPECT_FALSE(document->isDocumentEdited());
+    manager->undo();
+    EXPECT_FALSE(document->isDocumentEdited()) << "nothing was left to undo";
+    manager->redo();
+    EXPECT_TRUE(document->isDocumentEdited());
 }
 
 }  // namespace

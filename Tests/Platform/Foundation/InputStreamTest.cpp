@@ -27,21 +27,21 @@ TEST(InputStream, ReadsNothingBeforeOpeningAndAfterClosing) {
     const test::TemporaryFolder folder;
     for (const auto& stream : {InputStream::inputStreamWithFileAtPath(folder.write("a", "bytes")),
                                InputStream::inputStreamWithData(Data::copyOf("bytes"))}) {
-        EXPECT_EQ(stream->status(), StreamStatus::NotOpen);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::NotOpen);
         EXPECT_EQ(readOnce(*stream, 4), "-1");
         EXPECT_FALSE(stream->hasBytesAvailable());
         stream->close();
-        EXPECT_EQ(stream->status(), StreamStatus::NotOpen) << "closing does not open";
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::NotOpen) << "closing does not open";
         stream->open();
         EXPECT_TRUE(stream->hasBytesAvailable());
         EXPECT_EQ(readOnce(*stream, 2), "by");
-        EXPECT_EQ(stream->status(), StreamStatus::Open);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Open);
         stream->close();
-        EXPECT_EQ(stream->status(), StreamStatus::Closed);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Closed);
         EXPECT_EQ(readOnce(*stream, 2), "-1");
         stream->open();
-        EXPECT_EQ(stream->status(), StreamStatus::Closed) << "a stream opens once";
-        EXPECT_FALSE(stream->error());
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Closed) << "a stream opens once";
+        EXPECT_FALSE(stream->streamError());
     }
 }
 
@@ -58,10 +58,10 @@ TEST(InputStream, FileEndsWithAReadThatGaveNothing) {
     const auto stream = InputStream::inputStreamWithFileAtPath(folder.write("a", "bytes"));
     stream->open();
     EXPECT_EQ(readOnce(*stream, 5), "bytes");
-    EXPECT_EQ(stream->status(), StreamStatus::Open);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::Open);
     EXPECT_TRUE(stream->hasBytesAvailable()) << "the end is not known yet";
     EXPECT_EQ(readOnce(*stream, 5), "");
-    EXPECT_EQ(stream->status(), StreamStatus::AtEnd);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::AtEnd);
     EXPECT_FALSE(stream->hasBytesAvailable());
     EXPECT_EQ(readOnce(*stream, 5), "");
 }
@@ -71,7 +71,7 @@ TEST(InputStream, PipesDontKeepItWaiting) {
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
     const auto alone = InputStream::inputStreamWithFileAtPath(folder.path("pipe"));
     alone->open();
-    EXPECT_EQ(alone->status(), StreamStatus::Open);
+    EXPECT_EQ(alone->streamStatus(), StreamStatus::Open);
     EXPECT_EQ(readOnce(*alone, 5), "") << "at its end without a writer";
 
     const auto early = InputStream::inputStreamWithFileAtPath(folder.path("pipe"));
@@ -79,14 +79,14 @@ TEST(InputStream, PipesDontKeepItWaiting) {
     const auto writer = FileDescriptor::open(folder.path("pipe"), O_WRONLY | O_NONBLOCK);
     ASSERT_TRUE(writer.isOpen());
     EXPECT_EQ(readOnce(*early, 5), "-1") << "nothing was written yet";
-    EXPECT_EQ(early->status(), StreamStatus::Error);
+    EXPECT_EQ(early->streamStatus(), StreamStatus::Error);
 }
 
 TEST(InputStream, DataEndsWithItsLastByte) {
     const auto stream = InputStream::inputStreamWithData(Data::copyOf("bytes"));
     stream->open();
     EXPECT_EQ(readOnce(*stream, 5), "bytes");
-    EXPECT_EQ(stream->status(), StreamStatus::AtEnd);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::AtEnd);
     EXPECT_FALSE(stream->hasBytesAvailable());
     EXPECT_EQ(readOnce(*stream, 5), "");
 }
@@ -96,7 +96,7 @@ TEST(InputStream, EmptyDataHasNothingToGive) {
     stream->open();
     EXPECT_FALSE(stream->hasBytesAvailable());
     EXPECT_EQ(readOnce(*stream, 5), "");
-    EXPECT_EQ(stream->status(), StreamStatus::AtEnd);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::AtEnd);
 }
 
 TEST(InputStream, EmptyBufferSaysNothingAboutTheEnd) {
@@ -104,7 +104,7 @@ TEST(InputStream, EmptyBufferSaysNothingAboutTheEnd) {
     const auto stream = InputStream::inputStreamWithFileAtPath(folder.write("a", "bytes"));
     stream->open();
     EXPECT_EQ(stream->read({}), 0);
-    EXPECT_EQ(stream->status(), StreamStatus::Open);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::Open);
     EXPECT_EQ(readOnce(*stream, 9), "bytes");
 }
 
@@ -135,16 +135,17 @@ TEST(InputStream, FailureToOpenShowsInStatusAndError) {
         const auto stream = InputStream::inputStreamWithFileAtPath(row.path);
         clearFailure();
         stream->open();
-        EXPECT_EQ(stream->status(), StreamStatus::Error);
-        ASSERT_TRUE(stream->error());
-        EXPECT_EQ(stream->error()->domain, kPosixErrorDomain);
-        EXPECT_EQ(stream->error()->code, row.want);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Error);
+        ASSERT_TRUE(stream->streamError());
+        EXPECT_EQ(stream->streamError()->domain, kPosixErrorDomain);
+        EXPECT_EQ(stream->streamError()->code, row.want);
         ASSERT_NE(lastFailure(), nullptr);
-        EXPECT_NE(std::string(lastFailure()).find(stream->error()->description), std::string::npos);
+        EXPECT_NE(std::string(lastFailure()).find(stream->streamError()->description),
+                  std::string::npos);
         EXPECT_EQ(readOnce(*stream, 1), "-1");
         stream->close();
-        EXPECT_EQ(stream->status(), StreamStatus::Closed);
-        EXPECT_TRUE(stream->error()) << "the error outlives closing";
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Closed);
+        EXPECT_TRUE(stream->streamError()) << "the error outlives closing";
     }
 }
 
@@ -152,10 +153,10 @@ TEST(InputStream, FailureToReadEndsTheStream) {
     const test::TemporaryFolder folder;
     const auto stream = InputStream::inputStreamWithFileAtPath(folder.path());
     stream->open();
-    ASSERT_EQ(stream->status(), StreamStatus::Open) << "a folder can be opened, not read";
+    ASSERT_EQ(stream->streamStatus(), StreamStatus::Open) << "a folder can be opened, not read";
     EXPECT_EQ(readOnce(*stream, 1), "-1");
-    EXPECT_EQ(stream->status(), StreamStatus::Error);
-    EXPECT_EQ(stream->error()->code, EISDIR);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::Error);
+    EXPECT_EQ(stream->streamError()->code, EISDIR);
     EXPECT_EQ(readOnce(*stream, 1), "-1");
 }
 
@@ -166,7 +167,7 @@ public:
 
     void open() override {
         if (beginOpening()) {
-            statusWhileOpening = status();
+            statusWhileOpening = streamStatus();
             setStatus(StreamStatus::Open);
         }
     }
@@ -197,8 +198,8 @@ TEST(InputStream, DerivedStreamFailsOnCue) {
     EXPECT_EQ(readOnce(stream, 9), "x");
     EXPECT_TRUE(stream.hasBytesAvailable());
     EXPECT_EQ(readOnce(stream, 9), "-1");
-    EXPECT_EQ(stream.status(), StreamStatus::Error);
-    EXPECT_EQ(stream.error()->code, EIO);
+    EXPECT_EQ(stream.streamStatus(), StreamStatus::Error);
+    EXPECT_EQ(stream.streamError()->code, EIO);
     EXPECT_FALSE(stream.hasBytesAvailable());
 }
 

@@ -77,6 +77,61 @@ TEST(KeyedUnarchiver, ReadsEveryFoundationClassInBothForms) {
     }
 }
 
+TEST(KeyedUnarchiver, ReadsOddSpellingsOfTheSameFacts) {
+    const Value one(1);
+    const Value text(u"caf\u00E9");
+    const Value utf8(Data::copyOf("caf\xC3\xA9"));
+    struct Row {
+        const char* name;
+        const char* type;
+        /// Fields; those whose names begin with "@" are references to what they hold.
+        Dictionary fields;
+        Value want;
+    };
+    const Row rows[] = {
+        {"string of a reference", "NSMutableString", {{"@NS.string", text}}, text},
+        {"string of inline bytes", "NSString", {{"NS.bytes", utf8}}, text},
+        {"string of referenced bytes", "NSString", {{"@NS.bytes", utf8}}, text},
+        {"string of a string called bytes", "NSString", {{"@NS.bytes", text}}, text},
+        {"data called bytes", "NSData", {{"NS.bytes", utf8}}, utf8},
+        {"data of a reference", "NSMutableData", {{"@NS.data", utf8}}, utf8},
+        {"number", "NSNumber", {{"NS.number", one}}, one},
+        {"number by its C type", "NSNumber", {{"NS.intval", one}}, one},
+        {"truth by its C type", "NSNumber", {{"NS.boolval", Value(true)}}, Value(true)},
+        {"real by its C type", "NSNumber", {{"@NS.dblval", Value(0.5)}}, Value(0.5)},
+        {"date of whole seconds", "NSDate", {{"NS.time", one}}, Value(Date{1})},
+        {"array of numbered fields",
+         "NSMutableArray",
+         {{"@NS.object.1", Value(2)}, {"@NS.object.0", one}},
+         Value(Array{one, Value(2)})},
+        {"numbered fields with a gap end at it",
+         "NSArray",
+         {{"@NS.object.0", one}, {"@NS.object.2", Value(3)}},
+         Value(Array{one})},
+        {"dictionary of numbered fields",
+         "NSDictionary",
+         {{"@NS.key.0", text}, {"@NS.object.0", one}},
+         Value(Dictionary{{"caf\u00E9", one}})},
+    };
+    for (const auto format : {PropertyListFormat::Binary, PropertyListFormat::Xml}) {
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.name);
+            ArchiveBuilder b;
+            // Where a name is mapped, the class states no superclasses.
+            const Uid type = b.add(Value(Dictionary{{"$classname", Value::fromUtf8(row.type)}}));
+            Dictionary fields;
+            for (const auto& [key, value] : row.fields.entries()) {
+                const bool isReference = key.starts_with('@');
+                fields.set(isReference ? key.substr(1) : key, isReference ? b.add(value) : value);
+            }
+            EXPECT_EQ(decode(b.finish(b.addInstance(type, fields), format)), row.want);
+        }
+    }
+    ArchiveBuilder b;
+    EXPECT_NE(opaque(decode(b.finish(b.addInstance(b.addClass({"NSNumber"}), {})))), nullptr)
+        << "a number without a value stays as it is";
+}
+
 TEST(KeyedUnarchiver, ChoosesTheTopLevelObject) {
     struct Row {
         const char* name;
@@ -182,8 +237,7 @@ TEST(KeyedUnarchiver, CyclesThroughOpaqueObjectsAreKeptAsBackReferences) {
     ASSERT_NE(parent, nullptr);
     const auto inner = opaque((*parent)["child"]);
     ASSERT_NE(inner, nullptr);
-    const auto back =
-        std::dynamic_pointer_cast<const BackReference>((*inner)["parent"].object());
+    const auto back = std::dynamic_pointer_cast<const BackReference>((*inner)["parent"].object());
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->target.lock(), parent);
 }

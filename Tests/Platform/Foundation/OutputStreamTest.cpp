@@ -38,20 +38,20 @@ void forEachKind(Check check) {
 
 TEST(OutputStream, WritesOnlyWhileOpen) {
     forEachKind([](OutputStream& stream) {
-        EXPECT_EQ(stream.status(), StreamStatus::NotOpen);
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::NotOpen);
         EXPECT_EQ(write(stream, "early"), -1);
         stream.close();
-        EXPECT_EQ(stream.status(), StreamStatus::NotOpen) << "closing does not open";
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::NotOpen) << "closing does not open";
         stream.open();
-        EXPECT_EQ(stream.status(), StreamStatus::Open);
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::Open);
         EXPECT_EQ(write(stream, "bytes"), 5);
-        EXPECT_EQ(stream.status(), StreamStatus::Open);
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::Open);
         stream.close();
-        EXPECT_EQ(stream.status(), StreamStatus::Closed);
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::Closed);
         EXPECT_EQ(write(stream, "late"), -1);
         stream.open();
-        EXPECT_EQ(stream.status(), StreamStatus::Closed) << "a stream opens once";
-        EXPECT_FALSE(stream.error());
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::Closed) << "a stream opens once";
+        EXPECT_FALSE(stream.streamError());
     });
 }
 
@@ -60,11 +60,11 @@ TEST(OutputStream, WritingNoBytesEndsTheStream) {
         stream.open();
         EXPECT_EQ(write(stream, "bytes"), 5);
         EXPECT_EQ(stream.write({}), 0);
-        EXPECT_EQ(stream.status(), StreamStatus::AtEnd);
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::AtEnd);
         EXPECT_EQ(write(stream, "more"), -1);
         EXPECT_EQ(stream.write({}), -1);
-        EXPECT_EQ(stream.status(), StreamStatus::AtEnd);
-        EXPECT_FALSE(stream.error()) << "an end is no error";
+        EXPECT_EQ(stream.streamStatus(), StreamStatus::AtEnd);
+        EXPECT_FALSE(stream.streamError()) << "an end is no error";
     });
 }
 
@@ -141,13 +141,13 @@ TEST(OutputStream, FailureToOpenShowsInStatusAndError) {
         SCOPED_TRACE(row.name);
         const auto stream = OutputStream::outputStreamToFileAtPath(row.path, FileAppending::No);
         stream->open();
-        EXPECT_EQ(stream->status(), StreamStatus::Error);
-        ASSERT_TRUE(stream->error());
-        EXPECT_EQ(stream->error()->domain, kPosixErrorDomain);
-        EXPECT_EQ(stream->error()->code, row.want);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Error);
+        ASSERT_TRUE(stream->streamError());
+        EXPECT_EQ(stream->streamError()->domain, kPosixErrorDomain);
+        EXPECT_EQ(stream->streamError()->code, row.want);
         EXPECT_EQ(write(*stream, "a"), -1);
         stream->close();
-        EXPECT_EQ(stream->status(), StreamStatus::Closed);
+        EXPECT_EQ(stream->streamStatus(), StreamStatus::Closed);
     }
     EXPECT_EQ(folder.count(), 0) << "nothing was made under a shortened name";
 }
@@ -155,10 +155,10 @@ TEST(OutputStream, FailureToOpenShowsInStatusAndError) {
 TEST(OutputStream, FullDiskEndsTheStream) {
     const auto stream = OutputStream::outputStreamToFileAtPath("/dev/full", FileAppending::No);
     stream->open();
-    ASSERT_EQ(stream->status(), StreamStatus::Open);
+    ASSERT_EQ(stream->streamStatus(), StreamStatus::Open);
     EXPECT_EQ(write(*stream, "bytes"), -1);
-    EXPECT_EQ(stream->status(), StreamStatus::Error);
-    EXPECT_EQ(stream->error()->code, ENOSPC);
+    EXPECT_EQ(stream->streamStatus(), StreamStatus::Error);
+    EXPECT_EQ(stream->streamError()->code, ENOSPC);
     EXPECT_EQ(write(*stream, "bytes"), -1);
 }
 
@@ -185,7 +185,7 @@ public:
     }
     void close() override { endByClosing(); }
     std::int64_t write(std::span<const std::byte> bytes) override {
-        if (status() != StreamStatus::Open) {
+        if (streamStatus() != StreamStatus::Open) {
             return -1;
         }
         if (room_ == 0) {
@@ -206,8 +206,8 @@ TEST(OutputStream, DerivedStreamFailsOnCue) {
     disk.open();
     EXPECT_EQ(write(disk, "bytes"), 3);
     EXPECT_EQ(write(disk, "bytes"), -1);
-    EXPECT_EQ(disk.status(), StreamStatus::Error);
-    EXPECT_EQ(disk.error()->code, ENOSPC);
+    EXPECT_EQ(disk.streamStatus(), StreamStatus::Error);
+    EXPECT_EQ(disk.streamError()->code, ENOSPC);
     EXPECT_EQ(disk.currentFileOffset(), std::nullopt);
 }
 

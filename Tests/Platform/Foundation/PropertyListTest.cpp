@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/XmlPropertyList.h"
 
 namespace platform {
 namespace {
@@ -128,7 +129,9 @@ TEST(PropertyList, EveryPrefixOfAGoodListIsRefused) {
         const std::string_view whole = data.value().view();
         // All but the line end after the closing tag.
         for (std::size_t size = 0; size + 1 < whole.size(); ++size) {
-            EXPECT_FALSE(read(whole.substr(0, size))) << size;
+            // Letters of the binary signature are a string in the old text format.
+            const bool isString = size > 0 && "bplist"sv.starts_with(whole.substr(0, size));
+            EXPECT_EQ(static_cast<bool>(read(whole.substr(0, size))), isString && size < 6) << size;
         }
     }
 }
@@ -405,7 +408,7 @@ TEST(XmlPropertyList, DamageIsNamedWithItsLine) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
-        const auto value = read(row.text);
+        const auto value = valueFromXml(Data::copyOf(row.text));
         ASSERT_FALSE(value);
         EXPECT_EQ(value.fault().detail, row.detail);
     }

@@ -54,7 +54,7 @@ TEST(TypeRegistry, ConformanceIsReflexiveTransitiveAndIgnoresCase) {
     };
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(TypeRegistry::typeConformsTo(row.type, row.other), row.want);
+        EXPECT_EQ(TypeRegistry::typeConformsToType(row.type, row.other), row.want);
     }
 }
 
@@ -62,12 +62,12 @@ TEST(TypeRegistry, EveryTypeConformsToAllThatItsSupertypesConformTo) {
     for (const TypeRow& row : kTypeTable) {
         SCOPED_TRACE(row.identifier);
         EXPECT_TRUE(TypeRegistry::isDeclared(row.identifier));
-        EXPECT_TRUE(TypeRegistry::typeConformsTo(row.identifier, row.identifier));
+        EXPECT_TRUE(TypeRegistry::typeConformsToType(row.identifier, row.identifier));
         for (const std::string_view supertype : row.conformsTo) {
-            EXPECT_FALSE(TypeRegistry::typeConformsTo(supertype, row.identifier));
+            EXPECT_FALSE(TypeRegistry::typeConformsToType(supertype, row.identifier));
             for (const TypeRow& other : kTypeTable) {
-                if (TypeRegistry::typeConformsTo(supertype, other.identifier)) {
-                    EXPECT_TRUE(TypeRegistry::typeConformsTo(row.identifier, other.identifier));
+                if (TypeRegistry::typeConformsToType(supertype, other.identifier)) {
+                    EXPECT_TRUE(TypeRegistry::typeConformsToType(row.identifier, other.identifier));
                 }
             }
         }
@@ -131,12 +131,13 @@ TEST(TypeRegistry, FindsTypesByMimeType) {
 }
 
 TEST(TypeRegistry, PrefersTheFirstExtension) {
-    EXPECT_EQ(TypeRegistry::preferredFilenameExtension("public.plain-text"), "txt");
-    EXPECT_EQ(TypeRegistry::preferredFilenameExtension("Public.HTML"), "html");
-    EXPECT_EQ(TypeRegistry::preferredFilenameExtension("public.data"), std::nullopt);
-    EXPECT_EQ(TypeRegistry::preferredFilenameExtension("com.brightmill.parlavox.rtf-no-tags"),
-              std::nullopt);
-    EXPECT_EQ(TypeRegistry::preferredFilenameExtension("org.example.thing"), std::nullopt);
+    EXPECT_EQ(TypeRegistry::preferredFilenameExtensionForType("public.plain-text"), "txt");
+    EXPECT_EQ(TypeRegistry::preferredFilenameExtensionForType("Public.HTML"), "html");
+    EXPECT_EQ(TypeRegistry::preferredFilenameExtensionForType("public.data"), std::nullopt);
+    EXPECT_EQ(
+        TypeRegistry::preferredFilenameExtensionForType("com.brightmill.parlavox.rtf-no-tags"),
+        std::nullopt);
+    EXPECT_EQ(TypeRegistry::preferredFilenameExtensionForType("org.example.thing"), std::nullopt);
 }
 
 }  // namespace

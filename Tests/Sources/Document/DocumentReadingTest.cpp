@@ -160,8 +160,11 @@ TEST_F(DocumentReading, PackagesWithoutAUsableHeaderAreRefusedWithoutAnError) {
         {"contents.plist is a folder", folderContents.finish(), "no contents.plist in the archive"},
         {"names are case-sensitive", otherCase.finish(), "no contents.plist in the archive"},
         {"members lie at the top", deeper.finish(), "no contents.plist in the archive"},
-        {"no property list", packageWithContents("words"),
-         "contents.plist: syntax error in line 1"},
+        {"no property list", packageWithContents("{words}"),
+         "contents.plist: not well-formed (invalid token) in line 1; "
+         "as old text format: no '=' or ';' after a key in line 1"},
+        {"a string", packageWithContents("words"),
+         "contents.plist: no compatibility version in the header"},
         {"another root", packageWithHeader(Value(platform::Array{})),
          "contents.plist: no compatibility version in the header"},
         {"no header", packageWithHeader(Value(Dictionary{{"compatibility_version", Value(2)}})),
@@ -177,6 +180,15 @@ TEST_F(DocumentReading, PackagesWithoutAUsableHeaderAreRefusedWithoutAnError) {
         EXPECT_EQ(reading.error, kUntouched);
         EXPECT_STREQ(platform::lastFailure(), row.cause);
     }
+}
+
+TEST_F(DocumentReading, AHeaderMayBeInTheOldTextFormat) {
+    const Reading reading = read(packageWithContents("{ header = {compatibility_version = 2;}; }"));
+    EXPECT_TRUE(reading.wasRead);
+    EXPECT_EQ(reading.text, u"words");
+    const Reading newer = read(packageWithContents("header = {compatibility_version = \"3\";};"));
+    EXPECT_FALSE(newer.wasRead);
+    EXPECT_NE(newer.error, kUntouched);
 }
 
 TEST_F(DocumentReading, OtherHeaderValuesAreNotLookedAt) {

@@ -460,7 +460,7 @@ TEST(ZipWrapperEntryPoints, BytesThatTheStreamDoesNotDeliverStayZero) {
     const auto stream = std::make_shared<ShortStream>();
     EXPECT_EQ(tree(*ZipWrapper::initWithInputStream(stream, nullptr)), "");
     EXPECT_EQ(stream->reads, 1) << "one request for all of it";
-    EXPECT_EQ(stream->status(), platform::StreamStatus::Closed);
+    EXPECT_EQ(stream->streamStatus(), platform::StreamStatus::Closed);
 }
 
 TEST(ZipWrapperEntryPoints, BrokenConditionsNameTheirLines) {

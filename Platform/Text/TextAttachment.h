@@ -1,0 +1,49 @@
+// A file inside a text: the value of the attribute "NSAttachment".
+//
+// The text has U+FFFC at its place. Immutable; any thread at once.
+
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "Platform/Foundation/FileWrapper.h"
+#include "Platform/Foundation/PreservedObject.h"
+
+namespace platform {
+
+/// The character that stands for an attachment in a text.
+inline constexpr char16_t kAttachmentCharacter = 0xFFFC;
+
+/// A file or folder that a text shows at one place.
+class TextAttachment final : public PreservedObject {
+public:
+    /// Makes an attachment of the tree `fileWrapper` as it is now; null makes one without a file.
+    ///
+    /// Selector: initWithFileWrapper:
+    explicit TextAttachment(const FileWrapper* fileWrapper);
+
+    /// Returns the attachment that `archived` is; also one without a file, or with one in no known
+    /// form.
+    [[nodiscard]] static std::shared_ptr<const TextAttachment> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived);
+
+    /// Returns the attached file, a copy of its own that shares the bytes; null when there is none
+    /// that can be read.
+    ///
+    /// Selector: fileWrapper
+    [[nodiscard]] std::shared_ptr<FileWrapper> fileWrapper() const;
+
+private:
+    TextAttachment(std::shared_ptr<const OpaqueObject> archived, std::optional<Data> file)
+        : PreservedObject(std::move(archived)), file_(std::move(file)) {}
+
+    [[nodiscard]] std::shared_ptr<const ArchivedClassNames> ownClass() const override;
+    void encodeFields(KeyedArchiver& coder) const override;
+
+    /// The tree of wrappers, serialized.
+    std::optional<Data> file_;
+};
+
+}  // namespace platform
