@@ -12,7 +12,9 @@ namespace platform {
 
 class DictionaryTestPeer {
 public:
-    static const NameTable* index(const Dictionary& dictionary) { return dictionary.index_.get(); }
+    static const NameTable* index(const Dictionary& dictionary) {
+        return dictionary.keys_->index_.get();
+    }
 };
 
 namespace {
