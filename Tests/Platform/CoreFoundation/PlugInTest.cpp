@@ -19,7 +19,6 @@ using test::makeString;
 using test::own;
 using test::plugInInfo;
 using test::Ref;
-using test::utf8Of;
 
 /// The table of the test plug-in's instances.
 struct Table {

@@ -340,7 +340,7 @@ TEST_F(DocumentReading, EveryPrefixOfAGoodPackageIsRefused) {
 
 TEST_F(DocumentReading, TextOfMoreThanTenMebibytesIsRead) {
     std::u16string text;
-    while (text.size() < 11 * 1024 * 1024) {
+    while (text.size() < std::size_t{11} * 1024 * 1024) {
         text += u"lighthouse ";
     }
     const Reading reading = read(samples::package(samples::archiveOfText(text)));
