@@ -9,6 +9,7 @@
 #include "Platform/Foundation/KeyedArchiveTable.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/NameTable.h"
+#include "Platform/Foundation/PreservedObject.h"
 
 namespace platform {
 namespace {
@@ -40,6 +41,15 @@ std::string nameOfData(const Data& data) {
     return nameOf('B', std::pair(data.bytes(), data.size()));
 }
 
+/// The object itself, or where it came from an archive what it was there: others in that archive
+/// may name it so.
+const Object* identityOf(const Object* object) {
+    const auto* const preserved = dynamic_cast<const PreservedObject*>(object);
+    return preserved != nullptr && preserved->archivedForm() != nullptr
+               ? preserved->archivedForm().get()
+               : object;
+}
+
 /// What tells a value from others, so that it is written once.
 std::string nameOfValue(const Value& value) {
     switch (value.kind()) {
@@ -61,7 +71,7 @@ std::string nameOfValue(const Value& value) {
         case ValueKind::Dictionary:
             return nameOf('M', value.dictionary());
         default:
-            return nameOf('O', value.object().get());
+            return nameOf('O', identityOf(value.object().get()));
     }
 }
 
