@@ -27,7 +27,8 @@ std::optional<std::uint64_t> numberInKey(std::string_view key, std::string_view 
 }  // namespace
 
 Result<std::optional<std::uint64_t>> ArchivedObject::valueNumberForKey(std::string_view key) const {
-    return archive().table.valueNumber(item_, KeyedArchiveTable::spelling(key));
+    return key.starts_with('$') ? archive().valueNumber(item_, KeyedArchiveTable::spelling(key))
+                                : archive().valueNumber(item_, key);
 }
 
 bool ArchivedObject::containsValueForKey(std::string_view key) const {
@@ -137,6 +138,13 @@ Result<Value> ArchivedObject::Elements::objectAt(std::uint64_t position) const {
     return archive.valueOfNumber(
         isNumbered_ ? numbers_[position] : archive.table.list().elementAt(item_, position),
         depth_ + 1);
+}
+
+Result<SharedKeys> ArchivedObject::sharedKeys(const Elements& keys) const {
+    if (keys.isNumbered_) {
+        return SharedKeys();
+    }
+    return archive().sharedKeys(keys.item_, keys.depth_ + 1);
 }
 
 Outcome ArchivedObject::charge(std::uint64_t count, std::uint64_t size) const {

@@ -77,6 +77,10 @@ public:
     /// whose keys are `prefix` and a number, from 0 up to the first number that is missing.
     Result<Elements> elements(std::string_view key, std::string_view prefix) const;
 
+    /// Returns the keys that `keys` are, to be shared by all dictionaries of the archive that have
+    /// the same. Null when they are many or not all different strings.
+    Result<SharedKeys> sharedKeys(const Elements& keys) const;
+
     /// Counts `count` things of `size` bytes that are made of fields which other objects may share
     /// against what may be built in all.
     Outcome charge(std::uint64_t count, std::uint64_t size = 1) const;

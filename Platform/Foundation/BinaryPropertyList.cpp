@@ -1,7 +1,6 @@
 #include "Platform/Foundation/BinaryPropertyList.h"
 
 #include <bit>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <utility>
@@ -13,7 +12,6 @@ namespace {
 
 constexpr std::string_view kSignature = "bplist";
 constexpr std::string_view kVersion = "0";  // the digit after it does not matter
-constexpr std::uint64_t kHeaderSize = 8;
 constexpr std::uint64_t kTrailerSize = 32;
 
 // Marker nibbles, from the high half of an object's first byte.
@@ -42,15 +40,6 @@ Fault truncated(std::string what, std::uint64_t offset) {
 
 bool BinaryPropertyList::hasSignature(const Data& data) {
     return data.view().substr(0, kSignature.size()) == kSignature;
-}
-
-std::uint64_t BinaryPropertyList::bigEndianAt(std::uint64_t offset, std::uint64_t width) const {
-    std::uint64_t value = 0;
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(data_.bytes()) + offset;
-    for (std::uint64_t i = 0; i < width; ++i) {
-        value = (value << 8) | bytes[i];
-    }
-    return value;
 }
 
 Result<BinaryPropertyList> BinaryPropertyList::open(Data data) {
@@ -95,20 +84,34 @@ Result<BinaryPropertyList> BinaryPropertyList::open(Data data) {
     return list;
 }
 
-Result<std::uint64_t> BinaryPropertyList::offsetOf(std::uint64_t index) const {
+/// What is wrong with an object that offsetOf does not find.
+Fault BinaryPropertyList::misplaced(std::uint64_t index) const {
     if (index >= objectCount_) {
-        return Fault{FaultCode::Malformed,
-                     "object " + std::to_string(index) + " of " + std::to_string(objectCount_)};
+        return {FaultCode::Malformed,
+                "object " + std::to_string(index) + " of " + std::to_string(objectCount_)};
     }
-    const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
-    if (offset < kHeaderSize || offset >= tableOffset_) {
-        return malformed("object " + std::to_string(index), offset);
+    return malformed("object " + std::to_string(index),
+                     bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_));
+}
+
+std::optional<std::uint64_t> BinaryPropertyList::uidAt(std::uint64_t index) const {
+    const std::uint64_t offset = offsetOf(index);
+    if (offset == 0) {
+        return std::nullopt;
     }
-    return offset;
+    const std::uint64_t marker = bigEndianAt(offset, 1);
+    const std::uint64_t width = (marker & 0xF) + 1;
+    const bool isShortUid = (marker >> 4) == kUid && width <= 8;
+    return isShortUid && width < tableOffset_ - offset
+               ? std::optional(bigEndianAt(offset + 1, width))
+               : std::nullopt;
 }
 
 Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {
-    const std::uint64_t offset = PV_TRY(offsetOf(index));
+    const std::uint64_t offset = offsetOf(index);
+    if (offset == 0) {
+        return misplaced(index);
+    }
     const auto marker = static_cast<unsigned>(bigEndianAt(offset, 1));
     switch (marker >> 4) {
         case kInteger:

@@ -6,8 +6,11 @@
 
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,11 +39,11 @@ enum class BinaryKind : std::uint8_t {
 /// One object: its kind, and where the view finds its content.
 struct BinaryItem {
     BinaryKind kind = BinaryKind::Null;
+    /// Whether an integer lies above the signed range.
+    bool isUnsigned = false;
     /// Booleans and references: the value. Integers: the bits, to be read as signed or not as
     /// `isUnsigned` says. Reals and dates: the bits of a double.
     std::uint64_t bits = 0;
-    /// Whether an integer lies above the signed range.
-    bool isUnsigned = false;
     /// Data, strings: the bytes. Containers: the references (a dictionary's keys, then its values).
     Range bytes;
     /// Strings: UTF-16 units. Data: bytes. Arrays: elements. Dictionaries: pairs.
@@ -63,6 +66,10 @@ public:
     /// Returns the object with number `index`, which must be below objectCount() or is a Fault. The
     /// object's own bytes lie within the data; what is in them is not looked at.
     Result<BinaryItem> itemAt(std::uint64_t index) const;
+
+    /// Returns the reference that the object with number `index` is; nothing when it is none, or
+    /// one that only itemAt can judge. A short cut for archives, which are full of references.
+    [[nodiscard]] std::optional<std::uint64_t> uidAt(std::uint64_t index) const;
 
     /// Returns the number of an array's element.
     ///
@@ -103,15 +110,32 @@ public:
 private:
     explicit BinaryPropertyList(Data data) : data_(std::move(data)) {}
 
-    [[nodiscard]] std::uint64_t bigEndianAt(std::uint64_t offset, std::uint64_t width) const;
+    /// Takes eight bytes at once and drops what is too much: the trailer lies behind all that is
+    /// read so.
+    [[nodiscard]] std::uint64_t bigEndianAt(std::uint64_t offset, std::uint64_t width) const {
+        static_assert(std::endian::native == std::endian::little);
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, data_.bytes() + offset, sizeof bytes);
+        return __builtin_bswap64(bytes) >> (64 - 8 * width);
+    }
     [[nodiscard]] std::uint64_t referenceAt(std::uint64_t offset, std::uint64_t position) const {
         return bigEndianAt(offset + position * referenceSize_, referenceSize_);
     }
-    Result<std::uint64_t> offsetOf(std::uint64_t index) const;
+    /// Returns where an object begins; 0, where none can, when the table does not lead to one.
+    [[nodiscard]] std::uint64_t offsetOf(std::uint64_t index) const {
+        if (index >= objectCount_) {
+            return 0;
+        }
+        const std::uint64_t offset = bigEndianAt(tableOffset_ + index * offsetSize_, offsetSize_);
+        return offset >= kHeaderSize && offset < tableOffset_ ? offset : 0;
+    }
+    [[nodiscard]] Fault misplaced(std::uint64_t index) const;
     Result<BinaryItem> scalarAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> integerAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> uidAt(std::uint64_t offset, unsigned marker) const;
     Result<BinaryItem> countedAt(std::uint64_t offset, unsigned marker) const;
+
+    static constexpr std::uint64_t kHeaderSize = 8;
 
     Data data_;
     std::uint64_t objectCount_ = 0;

@@ -31,11 +31,12 @@ public:
 
     /// Counts `count` things of `size` bytes each; a Fault when they are too many.
     Outcome charge(std::uint64_t count, std::uint64_t size = 1) {
-        if (count > remaining_ / size) {
+        std::uint64_t sum = 0;
+        if (__builtin_mul_overflow(count, size, &sum) || sum > remaining_) {
             return Fault{FaultCode::Malformed,
                          "holds more than " + std::to_string(kFactor) + " times its size"};
         }
-        remaining_ -= count * size;
+        remaining_ -= sum;
         return done();
     }
 

@@ -80,6 +80,14 @@ Result<Value> decodeDictionary(const ArchivedObject& object) {
                                                " values"};
     }
     PV_TRY(object.charge(keys.count(), sizeof(Dictionary::Entry)));
+    if (auto shared = PV_TRY(object.sharedKeys(keys))) {
+        std::vector<Value> all;
+        all.reserve(values.count());
+        for (std::uint64_t i = 0; i < values.count(); ++i) {
+            all.push_back(PV_TRY(values.objectAt(i)));
+        }
+        return Value(Dictionary(std::move(shared), std::move(all)));
+    }
     std::vector<Dictionary::Entry> entries;
     entries.reserve(keys.count());
     for (std::uint64_t i = 0; i < keys.count(); ++i) {

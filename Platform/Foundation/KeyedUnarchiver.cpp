@@ -1,6 +1,8 @@
 #include "Platform/Foundation/KeyedUnarchiver.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -21,6 +23,19 @@ bool isContainer(const BinaryItem& item) {
     return item.kind == BinaryKind::Array || item.kind == BinaryKind::Dictionary;
 }
 
+/// Whether the value is made again as cheaply as it is found again.
+bool isNumber(const BinaryItem& item) {
+    return item.kind == BinaryKind::Boolean || item.kind == BinaryKind::Integer ||
+           item.kind == BinaryKind::Real;
+}
+
+Fault placed(const Fault& fault, std::uint64_t reference) {
+    return fault.isPlaced
+               ? fault
+               : Fault{fault.code, "object " + std::to_string(reference) + ": " + fault.detail,
+                       true};
+}
+
 }  // namespace
 
 // The archive.
@@ -29,7 +44,9 @@ KeyedUnarchiver::Archive::Archive(KeyedUnarchiver& unarchiver, KeyedArchiveTable
     : table(std::move(archiveTable)),
       budget(table.list().size()),
       decoder(table.list(), budget),
-      unarchiver_(unarchiver) {
+      unarchiver_(unarchiver),
+      fields_(table),
+      objects_(table.list().objectCount(), table.objectCount()) {
 }
 
 Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
@@ -42,6 +59,9 @@ Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
 }
 
 Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsigned depth) {
+    if (const auto reference = table.list().uidAt(number)) {
+        return objectOfReference(*reference, depth);
+    }
     return valueOfItem(PV_TRY(table.list().itemAt(number)), number, depth);
 }
 
@@ -79,61 +99,72 @@ Result<Value> KeyedUnarchiver::Archive::objectOfReference(std::uint64_t referenc
         return Value();
     }
     const std::uint64_t number = PV_TRY(table.numberOfReference(reference));
-    const auto [slot, isNew] = slots_.try_emplace(number);
-    if (!isNew) {
-        return known(slot->second, reference, depth);
+    if (objects_.find(number) != nullptr) {
+        return known(number, reference, depth);
     }
     auto value = decode(number, reference, depth);
-    if (value) {
-        slots_[number].value = value.value();
-        slots_[number].unfinished.reset();
-        return value;
-    }
-    // Cycles and depth depend on the way that led here; other damage stays.
-    const FaultCode code = value.fault().code;
-    if (code == FaultCode::Cyclic || code == FaultCode::TooDeep) {
-        slots_.erase(number);
-    } else {
-        slots_[number].damage = value.fault();
+    if (!value && !value.fault().isPlaced) {
+        return placed(value.fault(), reference);
     }
     return value;
 }
 
-Result<Value> KeyedUnarchiver::Archive::known(const Slot& slot, std::uint64_t reference,
+Result<Value> KeyedUnarchiver::Archive::known(std::uint64_t number, std::uint64_t reference,
                                               unsigned depth) {
-    if (slot.damage) {
-        return *slot.damage;
+    const DecodedObjects::Entry& object = *objects_.find(number);
+    switch (object.state) {
+        case DecodedObjects::State::Decoded:
+            PV_TRY(reach(depth + object.height));
+            return object.value;
+        case DecodedObjects::State::Damaged:
+            return objects_.faultOf(number);
+        default:
+            return containing(number, reference);
     }
-    if (slot.value) {
-        PV_TRY(reach(depth + slot.height));
-        return *slot.value;
-    }
-    if (!slot.unfinished.expired()) {
-        return Value(std::make_shared<const BackReference>(slot.unfinished));
+}
+
+/// An object that contains the one which names it: only an opaque one can.
+Result<Value> KeyedUnarchiver::Archive::containing(std::uint64_t number,
+                                                   std::uint64_t reference) const {
+    const auto open = std::find_if(open_.begin(), open_.end(),
+                                   [&](const Open& object) { return object.number == number; });
+    if (open != open_.end() && !open->unfinished.expired()) {
+        return Value(std::make_shared<const BackReference>(open->unfinished));
     }
     return Fault{FaultCode::Cyclic, "object " + std::to_string(reference) + " contains itself",
                  true};
 }
 
-/// Decodes an object that was not decoded before, measures its height and names it in its faults.
+/// Decodes an object that was not decoded before, measures its height and keeps what came of it.
 Result<Value> KeyedUnarchiver::Archive::decode(std::uint64_t number, std::uint64_t reference,
                                                unsigned depth) {
+    PV_TRY(reach(depth));
+    const BinaryItem item = PV_TRY(table.list().itemAt(number));
+    if (isNumber(item)) {
+        return decoder.scalar(item);
+    }
     const unsigned outerDeepest = std::exchange(deepest_, depth);
-    open_.push_back(number);
-    auto value = objectAt(number, depth);
+    objects_.begin(number);
+    open_.push_back({number, {}});
+    auto value = objectAt(item, depth);
     open_.pop_back();
-    slots_[number].height = deepest_ - depth;
+    const unsigned height = deepest_ - depth;
     deepest_ = std::max(outerDeepest, deepest_);
-    if (!value && !value.fault().isPlaced) {
-        return Fault{value.fault().code,
-                     "object " + std::to_string(reference) + ": " + value.fault().detail, true};
+    if (value) {
+        objects_.finish(number, value.value(), height);
+        return value;
+    }
+    // Cycles and depth depend on the way that led here; other damage stays.
+    const FaultCode code = value.fault().code;
+    if (code == FaultCode::Cyclic || code == FaultCode::TooDeep) {
+        objects_.forget(number);
+    } else {
+        objects_.damage(number, placed(value.fault(), reference));
     }
     return value;
 }
 
-Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t number, unsigned depth) {
-    PV_TRY(reach(depth));
-    const BinaryItem item = PV_TRY(table.list().itemAt(number));
+Result<Value> KeyedUnarchiver::Archive::objectAt(const BinaryItem& item, unsigned depth) {
     if (const auto target = table.referenceOf(item)) {
         return objectOfReference(*target, depth + 1);
     }
@@ -146,7 +177,7 @@ Result<Value> KeyedUnarchiver::Archive::objectAt(std::uint64_t number, unsigned 
         return inlineContainer(item, depth);
     }
     // An object that was archived only if others need it leaves a second null entry.
-    return table.list().equalsAscii(item, kNullName) ? Value() : decoder.valueAt(number);
+    return table.list().equalsAscii(item, kNullName) ? Value() : decoder.scalar(item);
 }
 
 Result<Value> KeyedUnarchiver::Archive::instance(const Class& type, const BinaryItem& item,
@@ -173,7 +204,7 @@ FieldForm KeyedUnarchiver::Archive::formOf(const BinaryItem& content) const {
 Result<Value> KeyedUnarchiver::Archive::opaqueObject(const BinaryItem& item, unsigned depth) {
     PV_TRY(budget.charge(item.count, sizeof(OpaqueField)));
     const auto opaque = std::make_shared<OpaqueObject>();
-    slots_[open_.back()].unfinished = opaque;
+    open_.back().unfinished = opaque;
     if (const Class* const type = PV_TRY(classOf(item))) {
         opaque->type = type->names;
     }
@@ -194,9 +225,53 @@ Result<Value> KeyedUnarchiver::Archive::opaqueObject(const BinaryItem& item, uns
     return Value(std::shared_ptr<const Object>(opaque));
 }
 
+/// Whether the object is a string itself, not an instance of a class of strings.
+bool KeyedUnarchiver::Archive::isStringReference(std::uint64_t reference) const {
+    const auto number = table.numberOfReference(reference);
+    if (!number) {
+        return false;
+    }
+    const auto item = table.list().itemAt(number.value());
+    return item && (item.value().kind == BinaryKind::AsciiString ||
+                    item.value().kind == BinaryKind::Utf16String);
+}
+
+Result<SharedKeys> KeyedUnarchiver::Archive::sharedKeys(const BinaryItem& item, unsigned depth) {
+    std::array<std::uint64_t, KeyLists::kMostKeys> buffer;
+    if (item.count == 0 || item.count > buffer.size()) {
+        return SharedKeys();
+    }
+    const std::span references(buffer.data(), item.count);
+    for (std::uint64_t i = 0; i < item.count; ++i) {
+        const auto reference = table.list().uidAt(table.list().elementAt(item, i));
+        if (!reference) {
+            return SharedKeys();
+        }
+        references[i] = *reference;
+    }
+    PV_TRY(reach(depth));
+    if (auto keys = keyLists_.find(references)) {
+        return keys;
+    }
+    std::vector<std::string> names;
+    for (const std::uint64_t reference : references) {
+        auto name = isStringReference(reference)
+                        ? PV_TRY(objectOfReference(reference, depth)).utf8()
+                        : std::nullopt;
+        if (!name) {
+            return SharedKeys();
+        }
+        PV_TRY(budget.charge(name->size()));
+        names.push_back(std::move(*name));
+    }
+    auto keys = DictionaryKeys::shared(std::move(names));
+    keyLists_.keep(references, keys);
+    return keys;
+}
+
 Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classOf(
     const BinaryItem& item) {
-    const auto field = PV_TRY(table.valueNumber(item, "$class"));
+    const auto field = PV_TRY(valueNumber(item, "$class"));
     if (!field) {
         return nullptr;
     }
@@ -204,7 +279,16 @@ Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classOf
     if (!reference) {
         return Fault{FaultCode::Malformed, "$class that is no reference"};
     }
-    const std::uint64_t number = PV_TRY(table.numberOfReference(*reference));
+    RecentClass& recent = recentClasses_[*reference % recentClasses_.size()];
+    if (recent.type == nullptr || recent.reference != *reference) {
+        recent = {*reference, PV_TRY(classNamedBy(*reference))};
+    }
+    return recent.type;
+}
+
+Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classNamedBy(
+    std::uint64_t reference) {
+    const std::uint64_t number = PV_TRY(table.numberOfReference(reference));
     if (const auto found = classes_.find(number); found != classes_.end()) {
         return &found->second;
     }

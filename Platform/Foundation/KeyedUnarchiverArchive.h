@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,6 +14,9 @@
 
 #include "Platform/Foundation/ArchivedObject.h"
 #include "Platform/Foundation/BuildBudget.h"
+#include "Platform/Foundation/DecodedObjects.h"
+#include "Platform/Foundation/FieldFinder.h"
+#include "Platform/Foundation/KeyLists.h"
 #include "Platform/Foundation/KeyedArchiveTable.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/PropertyListDecoder.h"
@@ -34,6 +38,12 @@ public:
     /// Decodes the object that `reference` names.
     Result<Value> objectOfReference(std::uint64_t reference, unsigned depth);
 
+    /// Returns the number of the value under `key`, spelt as in the archive; nothing when there is
+    /// none.
+    Result<std::optional<std::uint64_t>> valueNumber(const BinaryItem& item, std::string_view key) {
+        return fields_.valueNumber(item, key);
+    }
+
     /// An instance's class: how to decode it, or null, and its names.
     struct Class {
         ObjectDecoder decode = nullptr;
@@ -42,6 +52,10 @@ public:
 
     /// Returns the class of the instance `item`; null when it is no instance.
     Result<const Class*> classOf(const BinaryItem& item);
+
+    /// Returns the keys that the array `item` names, to be shared by dictionaries; null when they
+    /// are not a few references to different strings.
+    Result<SharedKeys> sharedKeys(const BinaryItem& item, unsigned depth);
 
     /// Keeps the instance `item` as it is.
     Result<Value> opaqueObject(const BinaryItem& item, unsigned depth);
@@ -53,31 +67,39 @@ public:
     std::uint64_t nextUnkeyed = 0;
 
 private:
-    /// An object of the table: decoded, damaged, or (neither) being decoded.
-    struct Slot {
-        std::optional<Value> value;
-        std::optional<Fault> damage;
-        /// How many levels of objects and containers are below a decoded object.
-        unsigned height = 0;
-        /// The object itself while its fields are being decoded, if it is opaque.
+    /// An object that is being decoded, and what is there of it when it is opaque.
+    struct Open {
+        std::uint64_t number;
         std::weak_ptr<const OpaqueObject> unfinished;
     };
 
-    Result<Value> known(const Slot& slot, std::uint64_t reference, unsigned depth);
+    /// A class that was found last; null when there was none.
+    struct RecentClass {
+        std::uint64_t reference = 0;
+        const Class* type = nullptr;
+    };
+
+    Result<const Class*> classNamedBy(std::uint64_t reference);
+    Result<Value> known(std::uint64_t number, std::uint64_t reference, unsigned depth);
+    Result<Value> containing(std::uint64_t number, std::uint64_t reference) const;
     Result<Value> decode(std::uint64_t number, std::uint64_t reference, unsigned depth);
-    Result<Value> objectAt(std::uint64_t number, unsigned depth);
+    Result<Value> objectAt(const BinaryItem& item, unsigned depth);
     Result<Value> instance(const Class& type, const BinaryItem& item, unsigned depth);
     Result<Value> inlineContainer(const BinaryItem& item, unsigned depth);
     Outcome reach(unsigned depth);
+    [[nodiscard]] bool isStringReference(std::uint64_t reference) const;
     [[nodiscard]] FieldForm formOf(const BinaryItem& content) const;
     ObjectDecoder decoderFor(const ArchivedClassNames& names) const;
 
     KeyedUnarchiver& unarchiver_;
-    /// By the numbers of their entries in the property list, as are the slots.
+    FieldFinder fields_;
+    KeyLists keyLists_;
+    /// By the numbers of their entries in the property list, as are the objects.
     std::unordered_map<std::uint64_t, Class> classes_;
-    std::unordered_map<std::uint64_t, Slot> slots_;
+    std::array<RecentClass, 16> recentClasses_;
+    DecodedObjects objects_;
     /// The objects that are being decoded, innermost last.
-    std::vector<std::uint64_t> open_;
+    std::vector<Open> open_;
     /// The deepest level reached by the object that is being decoded.
     unsigned deepest_ = 0;
 };

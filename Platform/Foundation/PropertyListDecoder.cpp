@@ -117,6 +117,7 @@ Result<Value> PropertyListDecoder::scalar(const BinaryItem& item) {
         case BinaryKind::Date:
             return Value(Date{std::bit_cast<double>(item.bits)});
         case BinaryKind::Data:
+            PV_TRY(budget_.charge(kObjectSize));
             return Value(list_.dataOf(item));
         case BinaryKind::Uid:
             return Value(Uid{item.bits});

@@ -31,6 +31,9 @@ public:
     /// Returns the value of the object with number `index`, with everything that it contains.
     Result<Value> valueAt(std::uint64_t index);
 
+    /// Returns the value of an object that is no container, made anew.
+    Result<Value> scalar(const BinaryItem& item);
+
     /// Returns a dictionary key: the string with number `index` as UTF-8, a copy of its own.
     Result<std::string> keyAt(std::uint64_t index);
 
@@ -44,7 +47,6 @@ private:
     Result<Built> build(std::uint64_t index, unsigned depth);
     Result<Built> buildArray(const BinaryItem& item, unsigned depth);
     Result<Built> buildDictionary(const BinaryItem& item, unsigned depth);
-    Result<Value> scalar(const BinaryItem& item);
 
     const BinaryPropertyList& list_;
     BuildBudget& budget_;

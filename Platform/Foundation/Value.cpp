@@ -1,11 +1,10 @@
 #include "Platform/Foundation/Value.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <limits>
-#include <type_traits>
 
-#include "Platform/Foundation/NameTable.h"
 #include "Platform/Foundation/Unicode.h"
 
 namespace platform {
@@ -58,128 +57,53 @@ std::int64_t integerFromReal(double real) {
 
 }  // namespace
 
-Value::Value(std::uint64_t integer) {
-    if (integer <= static_cast<std::uint64_t>(kMax)) {
-        content_ = static_cast<std::int64_t>(integer);
-    } else {
-        content_ = integer;
-    }
+Value::Value(platform::Data data)
+    : kind_(ValueKind::Data), shared_(std::make_shared<const platform::Data>(std::move(data))) {
 }
 
 Value::Value(std::u16string string)
-    : content_(std::make_shared<const std::u16string>(std::move(string))) {
+    : kind_(ValueKind::String), shared_(std::make_shared<const std::u16string>(std::move(string))) {
 }
 
-Value::Value(Array array) : content_(std::make_shared<const Array>(std::move(array))) {
+Value::Value(Array array)
+    : kind_(ValueKind::Array), shared_(std::make_shared<const Array>(std::move(array))) {
 }
 
 Value::Value(platform::Dictionary dictionary)
-    : content_(std::make_shared<const platform::Dictionary>(std::move(dictionary))) {
-}
-
-Value::Value(std::shared_ptr<const platform::Object> object) {
-    if (object != nullptr) {
-        content_ = std::move(object);
-    }
-}
-
-Value::Value(std::shared_ptr<const std::u16string> string) {
-    if (string != nullptr) {
-        content_ = std::move(string);
-    }
-}
-
-Value::Value(std::shared_ptr<const platform::Dictionary> dictionary) {
-    if (dictionary != nullptr) {
-        content_ = std::move(dictionary);
-    }
+    : kind_(ValueKind::Dictionary),
+      shared_(std::make_shared<const platform::Dictionary>(std::move(dictionary))) {
 }
 
 Value Value::fromUtf8(std::string_view text) {
     return Value(utf16FromUtf8Lossy(text));
 }
 
-ValueKind Value::kind() const {
-    constexpr ValueKind kKinds[] = {ValueKind::Null,       ValueKind::Boolean, ValueKind::Integer,
-                                    ValueKind::Integer,    ValueKind::Real,    ValueKind::Date,
-                                    ValueKind::Data,       ValueKind::String,  ValueKind::Array,
-                                    ValueKind::Dictionary, ValueKind::Uid,     ValueKind::Object};
-    static_assert(std::size(kKinds) == std::variant_size_v<decltype(content_)>);
-    return kKinds[content_.index()];
-}
-
-namespace {
-
-template <class T, class Variant>
-std::optional<T> copyIf(const Variant& content) {
-    const T* const held = std::get_if<T>(&content);
-    return held != nullptr ? std::optional<T>(*held) : std::nullopt;
-}
-
-template <class T, class Variant>
-const T* pointerIf(const Variant& content) {
-    const auto* const held = std::get_if<std::shared_ptr<const T>>(&content);
-    return held != nullptr ? held->get() : nullptr;
-}
-
-}  // namespace
-
 std::optional<bool> Value::boolean() const {
-    return copyIf<bool>(content_);
+    return kind_ == ValueKind::Boolean ? std::optional(bits_ != 0) : std::nullopt;
 }
 
 std::optional<std::int64_t> Value::integer() const {
-    return copyIf<std::int64_t>(content_);
+    return kind_ == ValueKind::Integer && !isLarge_
+               ? std::optional(static_cast<std::int64_t>(bits_))
+               : std::nullopt;
 }
 
 std::optional<std::uint64_t> Value::unsignedInteger() const {
-    if (const auto small = integer()) {
-        return *small >= 0 ? std::optional<std::uint64_t>(*small) : std::nullopt;
-    }
-    return copyIf<std::uint64_t>(content_);
+    const bool isNegative = !isLarge_ && static_cast<std::int64_t>(bits_) < 0;
+    return kind_ == ValueKind::Integer && !isNegative ? std::optional(bits_) : std::nullopt;
 }
 
 std::optional<double> Value::real() const {
-    return copyIf<double>(content_);
+    return kind_ == ValueKind::Real ? std::optional(std::bit_cast<double>(bits_)) : std::nullopt;
 }
 
 std::optional<platform::Date> Value::date() const {
-    return copyIf<platform::Date>(content_);
-}
-
-const platform::Data* Value::data() const {
-    return std::get_if<platform::Data>(&content_);
-}
-
-const std::u16string* Value::string() const {
-    return pointerIf<std::u16string>(content_);
-}
-
-std::shared_ptr<const std::u16string> Value::sharedString() const {
-    const auto* const held = std::get_if<std::shared_ptr<const std::u16string>>(&content_);
-    return held != nullptr ? *held : nullptr;
-}
-
-const Array* Value::array() const {
-    return pointerIf<Array>(content_);
-}
-
-const platform::Dictionary* Value::dictionary() const {
-    return pointerIf<platform::Dictionary>(content_);
-}
-
-std::shared_ptr<const platform::Dictionary> Value::sharedDictionary() const {
-    const auto* const held = std::get_if<std::shared_ptr<const platform::Dictionary>>(&content_);
-    return held != nullptr ? *held : nullptr;
+    return kind_ == ValueKind::Date ? std::optional(platform::Date{std::bit_cast<double>(bits_)})
+                                    : std::nullopt;
 }
 
 std::optional<platform::Uid> Value::uid() const {
-    return copyIf<platform::Uid>(content_);
-}
-
-std::shared_ptr<const platform::Object> Value::object() const {
-    const auto* const held = std::get_if<std::shared_ptr<const platform::Object>>(&content_);
-    return held != nullptr ? *held : nullptr;
+    return kind_ == ValueKind::Uid ? std::optional(platform::Uid{bits_}) : std::nullopt;
 }
 
 std::optional<std::string> Value::utf8() const {
@@ -221,65 +145,63 @@ std::optional<double> Value::doubleValue() const {
 }
 
 bool operator==(const Value& first, const Value& second) {
-    if (first.content_.index() != second.content_.index()) {
+    if (first.kind_ != second.kind_ || first.isLarge_ != second.isLarge_) {
         return false;
     }
-    return std::visit(
-        [&](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            const auto& other = std::get<Held>(second.content_);
-            if constexpr (std::is_same_v<Held, std::shared_ptr<const Object>>) {
-                return held == other;
-            } else if constexpr (requires { *held == *other; }) {
-                return held == other || *held == *other;
-            } else {
-                return held == other;
-            }
-        },
-        first.content_);
+    if (first.isShared() && first.shared_ == second.shared_) {
+        return true;
+    }
+    switch (first.kind_) {
+        case ValueKind::Real:
+        case ValueKind::Date:
+            // By value: 0 and -0 are equal, what is no number equals nothing.
+            return std::bit_cast<double>(first.bits_) == std::bit_cast<double>(second.bits_);
+        case ValueKind::Data:
+            return *first.data() == *second.data();
+        case ValueKind::String:
+            return *first.string() == *second.string();
+        case ValueKind::Array:
+            return *first.array() == *second.array();
+        case ValueKind::Dictionary:
+            return *first.dictionary() == *second.dictionary();
+        case ValueKind::Object:
+            return false;
+        default:
+            return first.bits_ == second.bits_;
+    }
 }
-
-namespace {
-
-// Up to here a linear search is as fast as a hash look-up.
-constexpr std::size_t kLargestUnindexed = 16;
-
-}  // namespace
-
-Dictionary::Dictionary() = default;
-Dictionary::~Dictionary() = default;
-Dictionary::Dictionary(Dictionary&&) noexcept = default;
 
 Dictionary::Dictionary(std::initializer_list<Entry> entries)
     : Dictionary(std::vector<Entry>(entries)) {
 }
 
 Dictionary::Dictionary(std::vector<Entry> entries) {
-    entries_.reserve(entries.size());
+    values_.reserve(entries.size());
     for (Entry& entry : entries) {
         set(std::move(entry.first), std::move(entry.second));
     }
 }
 
+Dictionary::Dictionary(SharedKeys keys, std::vector<Value> values)
+    : keys_(std::move(keys)), values_(std::move(values)) {
+    assert(keys_->isShared() && keys_->size() == values_.size());
+}
+
 Dictionary::Dictionary(const Dictionary& other)
-    : entries_(other.entries_),
-      index_(other.index_ ? std::make_unique<NameTable>(*other.index_) : nullptr) {
+    : keys_(other.keys_ && !other.keys_->isShared() ? std::make_shared<DictionaryKeys>(*other.keys_)
+                                                    : other.keys_),
+      values_(other.values_) {
 }
 
 Dictionary& Dictionary::operator=(Dictionary other) noexcept {
-    entries_.swap(other.entries_);
-    index_.swap(other.index_);
+    keys_.swap(other.keys_);
+    values_.swap(other.values_);
     return *this;
 }
 
 const Value* Dictionary::find(std::string_view key) const {
-    if (index_) {
-        const std::size_t* const place = index_->find(key);
-        return place != nullptr ? &entries_[*place].second : nullptr;
-    }
-    const auto entry = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const Entry& e) { return e.first == key; });
-    return entry != entries_.end() ? &entry->second : nullptr;
+    const auto place = keys_ ? keys_->find(key) : std::nullopt;
+    return place ? &values_[*place] : nullptr;
 }
 
 Value Dictionary::operator[](std::string_view key) const {
@@ -287,26 +209,31 @@ Value Dictionary::operator[](std::string_view key) const {
     return found != nullptr ? *found : Value();
 }
 
+DictionaryKeys& Dictionary::ownKeys() {
+    if (!keys_) {
+        keys_ = std::make_shared<DictionaryKeys>();
+        keys_->reserve(values_.capacity());
+    } else if (keys_->isShared()) {
+        keys_ = std::make_shared<DictionaryKeys>(*keys_);
+    }
+    return *keys_;
+}
+
 void Dictionary::set(std::string key, Value value) {
-    if (const Value* const found = find(key)) {
-        *const_cast<Value*>(found) = std::move(value);
+    if (const auto place = keys_ ? keys_->find(key) : std::nullopt) {
+        values_[*place] = std::move(value);
         return;
     }
-    if (index_) {
-        index_->add(key, entries_.size());
-    }
-    entries_.emplace_back(std::move(key), std::move(value));
-    if (!index_ && entries_.size() > kLargestUnindexed) {
-        index_ = std::make_unique<NameTable>();
-        for (std::size_t i = 0; i < entries_.size(); ++i) {
-            index_->add(entries_[i].first, i);
-        }
-    }
+    // The value first; one whose key then found no memory goes the next time.
+    values_.resize(size());
+    values_.push_back(std::move(value));
+    ownKeys().append(std::move(key));
 }
 
 bool operator==(const Dictionary& first, const Dictionary& second) {
+    const auto entries = first.entries();
     return first.size() == second.size() &&
-           std::all_of(first.entries_.begin(), first.entries_.end(), [&](const auto& entry) {
+           std::all_of(entries.begin(), entries.end(), [&](const Dictionary::EntryView& entry) {
                const Value* const other = second.find(entry.first);
                return other != nullptr && *other == entry.second;
            });

@@ -6,22 +6,25 @@
 
 #pragma once
 
+#include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "Platform/Foundation/Data.h"
+#include "Platform/Foundation/DictionaryKeys.h"
 
 namespace platform {
 
 class Value;
 class Dictionary;
-class NameTable;
 
 /// The root of all classes whose instances values can hold.
 class Object {
@@ -46,7 +49,7 @@ struct Uid {
 using Array = std::vector<Value>;
 
 /// What a Value holds.
-enum class ValueKind {
+enum class ValueKind : std::uint8_t {
     Null,
     Boolean,
     Integer,
@@ -64,32 +67,64 @@ enum class ValueKind {
 class Value {
 public:
     /// Makes the null value.
-    Value() = default;
-    Value(bool boolean) : content_(boolean) {}
-    Value(std::int64_t integer) : content_(integer) {}
-    Value(int integer) : content_(static_cast<std::int64_t>(integer)) {}
+    Value() : bits_(0) {}
+    Value(bool boolean) : kind_(ValueKind::Boolean), bits_(boolean ? 1 : 0) {}
+    Value(std::int64_t integer)
+        : kind_(ValueKind::Integer), bits_(static_cast<std::uint64_t>(integer)) {}
+    Value(int integer) : Value(static_cast<std::int64_t>(integer)) {}
     /// An integer that may lie above the signed range.
-    Value(std::uint64_t integer);
-    Value(double real) : content_(real) {}
-    Value(platform::Date date) : content_(date) {}
-    Value(platform::Data data) : content_(std::move(data)) {}
+    Value(std::uint64_t integer)
+        : kind_(ValueKind::Integer), isLarge_((integer >> 63) != 0), bits_(integer) {}
+    Value(double real) : kind_(ValueKind::Real), bits_(std::bit_cast<std::uint64_t>(real)) {}
+    Value(platform::Date date)
+        : kind_(ValueKind::Date),
+          bits_(std::bit_cast<std::uint64_t>(date.secondsSinceReferenceDate)) {}
+    Value(platform::Data data);
     Value(std::u16string string);
     Value(const char16_t* string) : Value(std::u16string(string)) {}
     Value(const char*) = delete;
     Value(Array array);
     Value(platform::Dictionary dictionary);
     /// A string or dictionary that is shared with others; a null pointer makes the null value.
-    explicit Value(std::shared_ptr<const std::u16string> string);
-    explicit Value(std::shared_ptr<const platform::Dictionary> dictionary);
-    Value(platform::Uid uid) : content_(uid) {}
+    explicit Value(std::shared_ptr<const std::u16string> string)
+        : Value(ValueKind::String, std::move(string)) {}
+    explicit Value(std::shared_ptr<const platform::Dictionary> dictionary)
+        : Value(ValueKind::Dictionary, std::move(dictionary)) {}
+    Value(platform::Uid uid) : kind_(ValueKind::Uid), bits_(uid.index) {}
     /// An object; a null pointer makes the null value.
-    Value(std::shared_ptr<const platform::Object> object);
+    Value(std::shared_ptr<const platform::Object> object)
+        : Value(ValueKind::Object, std::move(object)) {}
+
+    Value(const Value& other) : kind_(other.kind_), isLarge_(other.isLarge_) {
+        if (isShared()) {
+            std::construct_at(&shared_, other.shared_);
+        } else {
+            bits_ = other.bits_;
+        }
+    }
+    Value(Value&& other) noexcept : kind_(other.kind_), isLarge_(other.isLarge_) {
+        if (isShared()) {
+            std::construct_at(&shared_, std::move(other.shared_));
+        } else {
+            bits_ = other.bits_;
+        }
+    }
+    Value& operator=(Value other) noexcept {
+        std::destroy_at(this);
+        std::construct_at(this, std::move(other));
+        return *this;
+    }
+    ~Value() {
+        if (isShared()) {
+            std::destroy_at(&shared_);
+        }
+    }
 
     /// Makes a string from UTF-8; invalid bytes become U+FFFD.
     [[nodiscard]] static Value fromUtf8(std::string_view text);
 
-    [[nodiscard]] ValueKind kind() const;
-    [[nodiscard]] bool isNull() const { return content_.index() == 0; }
+    [[nodiscard]] ValueKind kind() const { return kind_; }
+    [[nodiscard]] bool isNull() const { return kind_ == ValueKind::Null; }
 
     [[nodiscard]] std::optional<bool> boolean() const;
     /// The integer, when it lies in the signed range.
@@ -98,16 +133,28 @@ public:
     [[nodiscard]] std::optional<std::uint64_t> unsignedInteger() const;
     [[nodiscard]] std::optional<double> real() const;
     [[nodiscard]] std::optional<platform::Date> date() const;
-    [[nodiscard]] const platform::Data* data() const;
-    [[nodiscard]] const std::u16string* string() const;
+    [[nodiscard]] const platform::Data* data() const {
+        return pointer<platform::Data>(ValueKind::Data);
+    }
+    [[nodiscard]] const std::u16string* string() const {
+        return pointer<std::u16string>(ValueKind::String);
+    }
     /// The string, shared with this value.
-    [[nodiscard]] std::shared_ptr<const std::u16string> sharedString() const;
-    [[nodiscard]] const Array* array() const;
-    [[nodiscard]] const platform::Dictionary* dictionary() const;
+    [[nodiscard]] std::shared_ptr<const std::u16string> sharedString() const {
+        return shared<std::u16string>(ValueKind::String);
+    }
+    [[nodiscard]] const Array* array() const { return pointer<Array>(ValueKind::Array); }
+    [[nodiscard]] const platform::Dictionary* dictionary() const {
+        return pointer<platform::Dictionary>(ValueKind::Dictionary);
+    }
     /// The dictionary, shared with this value.
-    [[nodiscard]] std::shared_ptr<const platform::Dictionary> sharedDictionary() const;
+    [[nodiscard]] std::shared_ptr<const platform::Dictionary> sharedDictionary() const {
+        return shared<platform::Dictionary>(ValueKind::Dictionary);
+    }
     [[nodiscard]] std::optional<platform::Uid> uid() const;
-    [[nodiscard]] std::shared_ptr<const platform::Object> object() const;
+    [[nodiscard]] std::shared_ptr<const platform::Object> object() const {
+        return shared<platform::Object>(ValueKind::Object);
+    }
 
     /// The string as UTF-8; nothing when the value is no string.
     [[nodiscard]] std::optional<std::string> utf8() const;
@@ -128,11 +175,40 @@ public:
     friend bool operator==(const Value& first, const Value& second);
 
 private:
-    std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double, platform::Date,
-                 platform::Data, std::shared_ptr<const std::u16string>,
-                 std::shared_ptr<const Array>, std::shared_ptr<const platform::Dictionary>,
-                 platform::Uid, std::shared_ptr<const platform::Object>>
-        content_;
+    /// Holds what is shared; nothing shared makes the null value.
+    Value(ValueKind kind, std::shared_ptr<const void> shared) : bits_(0) {
+        if (shared != nullptr) {
+            kind_ = kind;
+            std::construct_at(&shared_, std::move(shared));
+        }
+    }
+
+    [[nodiscard]] bool isShared() const {
+        return kind_ == ValueKind::Data || kind_ == ValueKind::String ||
+               kind_ == ValueKind::Array || kind_ == ValueKind::Dictionary ||
+               kind_ == ValueKind::Object;
+    }
+
+    template <class Held>
+    [[nodiscard]] const Held* pointer(ValueKind kind) const {
+        return kind_ == kind ? static_cast<const Held*>(shared_.get()) : nullptr;
+    }
+
+    template <class Held>
+    [[nodiscard]] std::shared_ptr<const Held> shared(ValueKind kind) const {
+        return kind_ == kind ? std::static_pointer_cast<const Held>(shared_) : nullptr;
+    }
+
+    ValueKind kind_ = ValueKind::Null;
+    /// Whether an integer lies above the signed range.
+    bool isLarge_ = false;
+    // Archives make many values: one of three words is worth its union.
+    union {
+        /// The bits of a number, a date or a reference; 0 for null.
+        std::uint64_t bits_;
+        /// Whatever is larger, as its kind tells.
+        std::shared_ptr<const void> shared_;
+    };
 };
 
 /// Keys and values in the order in which they were added; a key added again replaces its value.
@@ -140,17 +216,71 @@ class Dictionary {
 public:
     using Entry = std::pair<std::string, Value>;
 
-    Dictionary();
+    /// An entry as it stands in a dictionary; valid until that changes.
+    struct EntryView {
+        const std::string& first;
+        const Value& second;
+    };
+
+    /// The entries of a dictionary, in their order.
+    class Entries {
+    public:
+        class Iterator {
+        public:
+            using iterator_category = std::input_iterator_tag;
+            using value_type = EntryView;
+            using difference_type = std::ptrdiff_t;
+            using pointer = void;
+            using reference = EntryView;
+
+            EntryView operator*() const { return dictionary_->entries()[place_]; }
+            Iterator& operator++() {
+                ++place_;
+                return *this;
+            }
+            Iterator operator++(int) { return {dictionary_, place_++}; }
+            friend bool operator==(const Iterator&, const Iterator&) = default;
+
+        private:
+            friend class Entries;
+            Iterator(const Dictionary* dictionary, std::size_t place)
+                : dictionary_(dictionary), place_(place) {}
+
+            const Dictionary* dictionary_;
+            std::size_t place_;
+        };
+
+        [[nodiscard]] std::size_t size() const { return dictionary_->size(); }
+        [[nodiscard]] EntryView operator[](std::size_t place) const {
+            return {dictionary_->keys_->nameAt(place), dictionary_->values_[place]};
+        }
+        /// Requires: there is an entry.
+        [[nodiscard]] EntryView front() const { return (*this)[0]; }
+        [[nodiscard]] Iterator begin() const { return {dictionary_, 0}; }
+        [[nodiscard]] Iterator end() const { return {dictionary_, size()}; }
+
+    private:
+        friend class Dictionary;
+        explicit Entries(const Dictionary* dictionary) : dictionary_(dictionary) {}
+
+        const Dictionary* dictionary_;
+    };
+
+    Dictionary() = default;
     Dictionary(std::initializer_list<Entry> entries);
     /// Takes entries over; of equal keys the last one's value stays, at the first one's place.
     explicit Dictionary(std::vector<Entry> entries);
-    ~Dictionary();
-    Dictionary(const Dictionary&);
-    Dictionary(Dictionary&&) noexcept;
-    Dictionary& operator=(Dictionary) noexcept;
+    /// Takes values over for keys that other dictionaries may have, too.
+    ///
+    /// Requires: the keys are shared, there are as many values.
+    Dictionary(SharedKeys keys, std::vector<Value> values);
+    ~Dictionary() = default;
+    Dictionary(const Dictionary& other);
+    Dictionary(Dictionary&&) noexcept = default;
+    Dictionary& operator=(Dictionary other) noexcept;
 
-    [[nodiscard]] std::size_t size() const { return entries_.size(); }
-    [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
+    [[nodiscard]] std::size_t size() const { return keys_ ? keys_->size() : 0; }
+    [[nodiscard]] Entries entries() const { return Entries(this); }
 
     /// The value under `key`, null when there is none. Costs a hash look-up at most.
     [[nodiscard]] const Value* find(std::string_view key) const;
@@ -166,9 +296,12 @@ public:
 private:
     friend class DictionaryTestPeer;
 
-    std::vector<Entry> entries_;
-    // The keys' places, only where a linear search would not do.
-    std::unique_ptr<NameTable> index_;
+    /// The keys, to be added to; copies them when they are shared.
+    DictionaryKeys& ownKeys();
+
+    /// Null when there are none. Shared keys are never changed.
+    SharedKeys keys_;
+    std::vector<Value> values_;
 };
 
 }  // namespace platform

@@ -171,17 +171,17 @@ private:
             line(depth, "<dict/>");
             return done();
         }
-        std::vector<const Dictionary::Entry*> entries;
-        for (const auto& entry : dictionary.entries()) {
-            entries.push_back(&entry);
+        std::vector<std::pair<std::string_view, const Value*>> entries;
+        for (const auto& [key, value] : dictionary.entries()) {
+            entries.emplace_back(key, &value);
         }
         std::sort(entries.begin(), entries.end(),
-                  [](const auto* a, const auto* b) { return a->first < b->first; });
+                  [](const auto& a, const auto& b) { return a.first < b.first; });
         line(depth, "<dict>");
-        for (const auto* entry : entries) {
-            PV_TRY(checkHoldable(utf16FromUtf8Lossy(entry->first)));
-            element(depth + 1, "key", escaped(entry->first));
-            PV_TRY(write(entry->second, depth + 1));
+        for (const auto& [key, value] : entries) {
+            PV_TRY(checkHoldable(utf16FromUtf8Lossy(key)));
+            element(depth + 1, "key", escaped(key));
+            PV_TRY(write(*value, depth + 1));
         }
         line(depth, "</dict>");
         return done();

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-AttributedString::AttributedString() : string_(std::make_shared<const std::u16string>()) {
+AttributedString::AttributedString() : AttributedString(std::u16string()) {
 }
 
 AttributedString::AttributedString(std::u16string string)
@@ -15,15 +15,16 @@ AttributedString::AttributedString(std::u16string string)
 
 AttributedString::AttributedString(std::shared_ptr<const std::u16string> string,
                                    std::vector<AttributeRun> runs)
-    : string_(std::move(string)), runs_(std::move(runs)) {
+    : string_(std::move(string)) {
     std::uint64_t covered = 0;
-    for (const AttributeRun& run : runs_) {
+    for (const AttributeRun& run : runs) {
         covered += run.length;
     }
     assert(covered <= length());
     if (covered < length()) {
-        runs_.push_back({length() - covered, nullptr});
+        runs.push_back({length() - covered, nullptr});
     }
+    runs_ = std::make_shared<const std::vector<AttributeRun>>(std::move(runs));
 }
 
 Attributes AttributedString::attributesAtIndex(std::uint64_t index, Range* effectiveRange) const {
@@ -32,7 +33,7 @@ Attributes AttributedString::attributesAtIndex(std::uint64_t index, Range* effec
                              std::to_string(length()) + " characters"));
     }
     std::uint64_t start = 0;
-    auto run = runs_.begin();
+    auto run = runs_->begin();
     while (index - start >= run->length) {
         start += run->length;
         ++run;

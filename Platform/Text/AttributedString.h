@@ -1,7 +1,7 @@
 // Text with attributes: one UTF-16 string and a list of runs.
 //
 // Positions and lengths count UTF-16 code units. A run gives one set of attributes to a stretch of
-// the text; sets are immutable and shared. Copies of an attributed string share its characters.
+// the text; sets are immutable and shared. Copies of an attributed string share its characters and runs.
 // Value type; different objects on different threads, one object on one thread at a time.
 
 #pragma once
@@ -53,7 +53,7 @@ public:
     [[nodiscard]] std::uint64_t length() const { return string_->size(); }
 
     /// The runs in the order of the text; together they are as long as the text.
-    [[nodiscard]] const std::vector<AttributeRun>& runs() const { return runs_; }
+    [[nodiscard]] const std::vector<AttributeRun>& runs() const { return *runs_; }
 
     /// Returns the attributes of the character at `index`, null when it has none. `effectiveRange`,
     /// when given, receives the extent of the run that gives them.
@@ -70,7 +70,7 @@ public:
 
 private:
     std::shared_ptr<const std::u16string> string_;
-    std::vector<AttributeRun> runs_;
+    std::shared_ptr<const std::vector<AttributeRun>> runs_;
 };
 
 }  // namespace platform

@@ -1,5 +1,6 @@
 #include "Platform/Text/AttributedStringCoding.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -65,6 +66,7 @@ std::optional<Attributes> attributesAt(const ArchivedObject::Elements& sets, std
 std::vector<AttributeRun> readRuns(std::string_view table, const ArchivedObject::Elements& sets,
                                    std::uint64_t length) {
     std::vector<AttributeRun> runs;
+    runs.reserve(std::min<std::uint64_t>(table.size() / 2, length));
     NumberReader numbers(table);
     std::uint64_t rest = length;
     while (rest > 0) {
@@ -176,12 +178,12 @@ std::shared_ptr<const ArchivedClassNames> AttributedString::archivedClass() cons
 
 void AttributedString::encodeWithCoder(KeyedArchiver& coder) const {
     coder.encodeObject(Value(string_), "NSString");
-    if (runs_.empty()) {
+    if (runs_->empty()) {
         return;
     }
-    RunTable runs = tableOf(runs_);
+    RunTable runs = tableOf(*runs_);
     // One run needs no table, its attributes stand alone.
-    if (runs_.size() == 1) {
+    if (runs_->size() == 1) {
         coder.encodeObject(runs.sets.front(), "NSAttributes");
         return;
     }

@@ -72,6 +72,48 @@ TEST(PropertyList, BothFormatsGoThereAndBack) {
     }
 }
 
+TEST(PropertyList, WhatIsNoneIsNotWritten) {
+    Value nested = Value(1);
+    for (int i = 0; i < 513; ++i) {
+        nested = Array{std::move(nested)};
+    }
+    const struct {
+        const char* name;
+        Value value;
+        FaultCode code;
+        const char* detail;
+    } kRows[] = {
+        {"nothing", Value(), FaultCode::Unsupported, "value that is no property list"},
+        {"nothing in an array", Value(Array{Value()}), FaultCode::Unsupported,
+         "value that is no property list"},
+        {"an object", Value(std::make_shared<const Object>()), FaultCode::Unsupported,
+         "value that is no property list"},
+        {"too deep", nested, FaultCode::TooDeep, "property list nested deeper than 512 levels"},
+    };
+    for (const auto& row : kRows) {
+        for (const auto format : {PropertyListFormat::Binary, PropertyListFormat::Xml}) {
+            SCOPED_TRACE(row.name);
+            const auto data = PropertyListSerialization::dataWithPropertyList(row.value, format);
+            ASSERT_FALSE(data);
+            EXPECT_EQ(data.fault().code, row.code);
+            EXPECT_EQ(data.fault().detail, row.detail);
+        }
+    }
+}
+
+TEST(XmlPropertyList, WritesNumbersThatAreNoneByName) {
+    const auto written = [](double number) {
+        const auto data =
+            PropertyListSerialization::dataWithPropertyList(Value(number), PropertyListFormat::Xml);
+        const std::string text(data.value().view());
+        const std::size_t start = text.find("<real>");
+        return text.substr(start, text.find("</real>") - start);
+    };
+    EXPECT_EQ(written(std::numeric_limits<double>::quiet_NaN()), "<real>nan");
+    EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "<real>+infinity");
+    EXPECT_EQ(written(-std::numeric_limits<double>::infinity()), "<real>-infinity");
+}
+
 TEST(PropertyList, XmlIsLaidOutAsThePlatformDoes) {
     const Value value = Dictionary{
         {"z", Value(Array{Value(0.1), Value(3.0), Value(0.0), Value(INFINITY), Value(true)})},

@@ -1,11 +1,11 @@
-#include "Host/MagicBytes.h"
+#include "Platform/Foundation/MagicBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-namespace host {
+namespace platform {
 namespace {
 
 using namespace std::string_view_literals;
@@ -99,4 +99,4 @@ TEST(MagicBytes, DoNotMindACharacterThatTheLookCutsOff) {
 }
 
 }  // namespace
-}  // namespace host
+}  // namespace platform

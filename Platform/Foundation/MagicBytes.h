@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace host {
+namespace platform {
 
 /// How many bytes of a file's beginning and end a guess looks at.
 inline constexpr std::size_t kMagicBytes = std::size_t{64} * 1024;
@@ -19,4 +19,4 @@ inline constexpr std::size_t kMagicBytes = std::size_t{64} * 1024;
 /// there are; the same bytes may be in both.
 [[nodiscard]] std::string_view typeOfBytes(std::string_view beginning, std::string_view end);
 
-}  // namespace host
+}  // namespace platform

@@ -1,4 +1,4 @@
-#include "Host/MagicBytes.h"
+#include "Platform/Foundation/MagicBytes.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -7,7 +7,7 @@
 #include "Platform/Foundation/AsciiCase.h"
 #include "Platform/Foundation/Unicode.h"
 
-namespace host {
+namespace platform {
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
@@ -136,4 +136,4 @@ std::string_view typeOfBytes(std::string_view beginning, std::string_view end) {
     return isPlainText(beginning) ? "public.plain-text" : "public.data";
 }
 
-}  // namespace host
+}  // namespace platform
