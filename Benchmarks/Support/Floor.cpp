@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <span>
+#include <vector>
 
 namespace bench {
 namespace {
@@ -41,20 +43,49 @@ Integer littleEndianAt(const char* bytes) {
     return value;
 }
 
-FloorMember inflated(const char* compressed, std::uint32_t compressedSize, std::uint32_t size) {
-    FloorMember member;
-    member.size = size;
-    member.bytes = std::make_unique_for_overwrite<char[]>(size);
-    z_stream stream{};
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed));
-    stream.avail_in = compressedSize;
-    stream.next_out = reinterpret_cast<Bytef*>(member.bytes.get());
-    stream.avail_out = size;
-    if (inflateInit2(&stream, -15) != Z_OK || inflate(&stream, Z_FINISH) != Z_STREAM_END) {
-        giveUp("a member cannot be inflated");
+/// One stream of zlib for members, one after the other.
+class Inflater {
+public:
+    Inflater() {
+        if (inflateInit2(&stream_, -15) != Z_OK) {
+            giveUp("no stream of zlib");
+        }
     }
-    inflateEnd(&stream);
-    return member;
+    ~Inflater() { inflateEnd(&stream_); }
+    Inflater(const Inflater&) = delete;
+    Inflater& operator=(const Inflater&) = delete;
+
+    void inflateInto(std::span<char> output, std::string_view compressed) {
+        inflateReset(&stream_);
+        stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
+        stream_.avail_in = static_cast<uInt>(compressed.size());
+        stream_.next_out = reinterpret_cast<Bytef*>(output.data());
+        stream_.avail_out = static_cast<uInt>(output.size());
+        if (inflate(&stream_, Z_FINISH) != Z_STREAM_END) {
+            giveUp("a member cannot be inflated");
+        }
+    }
+
+private:
+    z_stream stream_{};
+};
+
+/// Calls `receive(name, compressed, size)` for each member of an archive.
+template <class Receive>
+void forEachMember(std::string_view archive, Receive receive) {
+    static_assert(std::endian::native == std::endian::little);
+    const char* const end = archive.data() + archive.size() - 22;
+    const char* record = archive.data() + littleEndianAt<std::uint32_t>(end + 16);
+    for (unsigned i = littleEndianAt<std::uint16_t>(end + 10); i > 0; --i) {
+        const std::string_view name(record + 46, littleEndianAt<std::uint16_t>(record + 28));
+        const char* const local = archive.data() + littleEndianAt<std::uint32_t>(record + 42);
+        const char* const data = local + 30 + littleEndianAt<std::uint16_t>(local + 26) +
+                                 littleEndianAt<std::uint16_t>(local + 28);
+        receive(name, std::string_view(data, littleEndianAt<std::uint32_t>(record + 20)),
+                littleEndianAt<std::uint32_t>(record + 24));
+        record += 46 + name.size() + littleEndianAt<std::uint16_t>(record + 30) +
+                  littleEndianAt<std::uint16_t>(record + 32);
+    }
 }
 
 /// A binary property list whose frame is taken as it comes.
@@ -141,23 +172,31 @@ std::u16string textOf(const List::Item& string) {
 }  // namespace
 
 FloorPackage floorPackage(const char* path) {
-    static_assert(std::endian::native == std::endian::little);
     const FloorMember file = fileAt(path);
-    const char* const end = file.bytes.get() + file.size - 22;
-    const char* record = file.bytes.get() + littleEndianAt<std::uint32_t>(end + 16);
     FloorPackage package;
-    for (unsigned i = littleEndianAt<std::uint16_t>(end + 10); i > 0; --i) {
-        const std::string_view name(record + 46, littleEndianAt<std::uint16_t>(record + 28));
-        const char* const local = file.bytes.get() + littleEndianAt<std::uint32_t>(record + 42);
-        const char* const data = local + 30 + littleEndianAt<std::uint16_t>(local + 26) +
-                                 littleEndianAt<std::uint16_t>(local + 28);
-        FloorMember& member = name == "text.plist" ? package.text : package.contents;
-        member = inflated(data, littleEndianAt<std::uint32_t>(record + 20),
-                          littleEndianAt<std::uint32_t>(record + 24));
-        record += 46 + name.size() + littleEndianAt<std::uint16_t>(record + 30) +
-                  littleEndianAt<std::uint16_t>(record + 32);
-    }
+    Inflater inflater;
+    forEachMember(file.view(),
+                  [&](std::string_view name, std::string_view compressed, std::uint32_t size) {
+                      FloorMember& member = name == "text.plist" ? package.text : package.contents;
+                      member.size = size;
+                      member.bytes = std::make_unique_for_overwrite<char[]>(size);
+                      inflater.inflateInto({member.bytes.get(), size}, compressed);
+                  });
     return package;
+}
+
+std::uint64_t floorInflate(const char* path) {
+    const FloorMember file = fileAt(path);
+    std::vector<char> contents;
+    std::uint64_t sum = 0;
+    Inflater inflater;
+    forEachMember(file.view(),
+                  [&](std::string_view, std::string_view compressed, std::uint32_t size) {
+                      contents.resize(size);
+                      inflater.inflateInto(contents, compressed);
+                      sum += size;
+                  });
+    return sum;
 }
 
 std::u16string floorString(std::string_view archive) {

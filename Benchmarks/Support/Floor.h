@@ -30,6 +30,10 @@ struct FloorPackage {
 /// Reads the file at `path` and inflates both members.
 [[nodiscard]] FloorPackage floorPackage(const char* path);
 
+/// Inflates all members of the archive at `path`, one after the other with one stream of zlib, and
+/// keeps none of them; returns how many bytes they were.
+[[nodiscard]] std::uint64_t floorInflate(const char* path);
+
 /// Picks the text from the keyed archive of an attributed string.
 [[nodiscard]] std::u16string floorString(std::string_view archive);
 

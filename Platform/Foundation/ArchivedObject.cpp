@@ -102,16 +102,16 @@ Result<std::optional<ArchivedObject::Elements>> ArchivedObject::elementsForKey(
     return std::optional<Elements>(PV_TRY(array.elements("NS.objects", "NS.object.")));
 }
 
-Result<ArchivedObject::Elements> ArchivedObject::elements(std::string_view key,
-                                                          std::string_view prefix) const {
+Outcome ArchivedObject::readElements(std::string_view key, std::string_view prefix,
+                                     Elements& elements) const {
     const KeyedArchiveTable& table = archive().table;
-    Elements elements(unarchiver_, BinaryItem(), depth_ + 1);
-    if (const auto number = PV_TRY(valueNumberForKey(key))) {
-        elements.item_ = PV_TRY(table.list().itemAt(*number));
-        if (elements.item_.kind != BinaryKind::Array) {
-            return wrongType(key, "array");
-        }
-        return elements;
+    const auto array = valueNumberForKey(key);
+    if (!array) {
+        return array.fault();
+    }
+    if (array.value()) {
+        PV_TRY(table.list().readItem(*array.value(), elements.item_));
+        return elements.item_.kind == BinaryKind::Array ? done() : wrongType(key, "array");
     }
     std::map<std::uint64_t, std::uint64_t> numbered;
     for (std::uint64_t i = 0; i < item_.count; ++i) {
@@ -126,7 +126,7 @@ Result<ArchivedObject::Elements> ArchivedObject::elements(std::string_view key,
         }
         elements.numbers_.push_back(value);
     }
-    return elements;
+    return done();
 }
 
 Result<Value> ArchivedObject::Elements::objectAt(std::uint64_t position) const {

@@ -22,7 +22,8 @@ namespace platform {
 
 /// The fields of one archived object, by key.
 ///
-/// Look-ups go through all of the object's keys; to have all fields, take the opaque object.
+/// Look-ups go through all of the object's keys; to have
+/// all fields, take the opaque object.
 class ArchivedObject {
 public:
     /// The unarchiver that reads the object.
@@ -56,6 +57,10 @@ public:
         /// Returns the element at `position`, null for the null object; a Fault when there is none.
         Result<Value> objectAt(std::uint64_t position) const;
 
+        /// Makes no elements, to be read by readElements.
+        explicit Elements(const ArchivedObject& object)
+            : unarchiver_(object.unarchiver_), depth_(object.depth_ + 1) {}
+
     private:
         friend class ArchivedObject;
         Elements(KeyedUnarchiver& unarchiver, const BinaryItem& item, unsigned depth)
@@ -75,7 +80,14 @@ public:
 
     /// Returns this object's own elements: the inline array under `key`, or without one the fields
     /// whose keys are `prefix` and a number, from 0 up to the first number that is missing.
-    Result<Elements> elements(std::string_view key, std::string_view prefix) const;
+    Result<Elements> elements(std::string_view key, std::string_view prefix) const {
+        Elements elements(*this);
+        PV_TRY(readElements(key, prefix, elements));
+        return elements;
+    }
+
+    /// The same, for those who read very many: fills `elements`, which must be as they were made.
+    Outcome readElements(std::string_view key, std::string_view prefix, Elements& elements) const;
 
     /// Returns the keys that `keys` are, to be shared by all dictionaries of the archive that have
     /// the same. Null when they are many or not all different strings.
@@ -110,7 +122,7 @@ private:
     Result<std::string> keyAt(std::uint64_t position) const;
 
     KeyedUnarchiver& unarchiver_;
-    BinaryItem item_;
+    const BinaryItem& item_;
     unsigned depth_;
 };
 

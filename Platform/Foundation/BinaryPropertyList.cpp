@@ -107,7 +107,7 @@ std::optional<std::uint64_t> BinaryPropertyList::uidAt(std::uint64_t index) cons
                : std::nullopt;
 }
 
-Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {
+Outcome BinaryPropertyList::readItem(std::uint64_t index, BinaryItem& item) const {
     const std::uint64_t offset = offsetOf(index);
     if (offset == 0) {
         return misplaced(index);
@@ -115,9 +115,9 @@ Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {
     const auto marker = static_cast<unsigned>(bigEndianAt(offset, 1));
     switch (marker >> 4) {
         case kInteger:
-            return integerAt(offset, marker);
+            return readInteger(offset, marker, item);
         case kUid:
-            return uidAt(offset, marker);
+            return readUid(offset, marker, item);
         case kData:
         case kAsciiString:
         case kUtf16String:
@@ -125,21 +125,21 @@ Result<BinaryItem> BinaryPropertyList::itemAt(std::uint64_t index) const {
         case kOrderedSet:
         case kSet:
         case kDictionary:
-            return countedAt(offset, marker);
+            return readCounted(offset, marker, item);
         default:
-            return scalarAt(offset, marker);
+            return readScalar(offset, marker, item);
     }
 }
 
-Result<BinaryItem> BinaryPropertyList::scalarAt(std::uint64_t offset, unsigned marker) const {
-    BinaryItem item;
+Outcome BinaryPropertyList::readScalar(std::uint64_t offset, unsigned marker,
+                                       BinaryItem& item) const {
     if (marker == 0x00) {
-        return item;
+        return done();
     }
     if (marker == 0x08 || marker == 0x09) {
         item.kind = BinaryKind::Boolean;
         item.bits = marker & 1;
-        return item;
+        return done();
     }
     const bool isReal = (marker >> 4) == kReal && ((marker & 0xF) == 2 || (marker & 0xF) == 3);
     const bool isDate = (marker >> 4) == kDate && (marker & 0xF) == 3;
@@ -156,10 +156,11 @@ Result<BinaryItem> BinaryPropertyList::scalarAt(std::uint64_t offset, unsigned m
         const auto single = std::bit_cast<float>(static_cast<std::uint32_t>(item.bits));
         item.bits = std::bit_cast<std::uint64_t>(static_cast<double>(single));
     }
-    return item;
+    return done();
 }
 
-Result<BinaryItem> BinaryPropertyList::integerAt(std::uint64_t offset, unsigned marker) const {
+Outcome BinaryPropertyList::readInteger(std::uint64_t offset, unsigned marker,
+                                        BinaryItem& item) const {
     const std::uint64_t width = std::uint64_t{1} << (marker & 0xF);
     if (width > 16) {
         return malformed("integer of " + std::to_string(width) + " bytes", offset);
@@ -167,12 +168,11 @@ Result<BinaryItem> BinaryPropertyList::integerAt(std::uint64_t offset, unsigned 
     if (!Range{offset + 1, width}.liesWithin(tableOffset_)) {
         return truncated("integer", offset);
     }
-    BinaryItem item;
     item.kind = BinaryKind::Integer;
     if (width < 16) {
         // One, two and four bytes are unsigned, eight are signed.
         item.bits = bigEndianAt(offset + 1, width);
-        return item;
+        return done();
     }
     const std::uint64_t high = bigEndianAt(offset + 1, 8);
     item.bits = bigEndianAt(offset + 9, 8);
@@ -183,10 +183,10 @@ Result<BinaryItem> BinaryPropertyList::integerAt(std::uint64_t offset, unsigned 
         return Fault{FaultCode::Unsupported,
                      "integer of more than 64 bits at offset " + std::to_string(offset)};
     }
-    return item;
+    return done();
 }
 
-Result<BinaryItem> BinaryPropertyList::uidAt(std::uint64_t offset, unsigned marker) const {
+Outcome BinaryPropertyList::readUid(std::uint64_t offset, unsigned marker, BinaryItem& item) const {
     const std::uint64_t width = (marker & 0xF) + 1;
     if (!Range{offset + 1, width}.liesWithin(tableOffset_)) {
         return truncated("reference", offset);
@@ -197,14 +197,13 @@ Result<BinaryItem> BinaryPropertyList::uidAt(std::uint64_t offset, unsigned mark
             return malformed("reference of more than 64 bits", offset);
         }
     }
-    BinaryItem item;
     item.kind = BinaryKind::Uid;
     item.bits = bigEndianAt(offset + 1 + excess, width - excess);
-    return item;
+    return done();
 }
 
-Result<BinaryItem> BinaryPropertyList::countedAt(std::uint64_t offset, unsigned marker) const {
-    BinaryItem item;
+Outcome BinaryPropertyList::readCounted(std::uint64_t offset, unsigned marker,
+                                        BinaryItem& item) const {
     std::uint64_t start = offset + 1;
     item.count = marker & 0xF;
     if (item.count == 0xF) {
@@ -216,7 +215,9 @@ Result<BinaryItem> BinaryPropertyList::countedAt(std::uint64_t offset, unsigned 
         if ((countMarker >> 4) != kInteger || (countMarker & 0xF) > 3) {
             return malformed("count that is no integer", start);
         }
-        item.count = PV_TRY(integerAt(start, countMarker)).bits;
+        BinaryItem count;
+        PV_TRY(readInteger(start, countMarker, count));
+        item.count = count.bits;
         start += 1 + (std::uint64_t{1} << (countMarker & 0xF));
     }
     std::uint64_t unitSize = 1;
@@ -243,7 +244,7 @@ Result<BinaryItem> BinaryPropertyList::countedAt(std::uint64_t offset, unsigned 
         return truncated("object of " + std::to_string(item.count) + " units", offset);
     }
     item.bytes = {start, item.count * unitSize};
-    return item;
+    return done();
 }
 
 Result<std::u16string> BinaryPropertyList::stringOf(const BinaryItem& item) const {

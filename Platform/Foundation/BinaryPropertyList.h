@@ -14,6 +14,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/Range.h"
@@ -65,7 +66,16 @@ public:
 
     /// Returns the object with number `index`, which must be below objectCount() or is a Fault. The
     /// object's own bytes lie within the data; what is in them is not looked at.
-    Result<BinaryItem> itemAt(std::uint64_t index) const;
+    Result<BinaryItem> itemAt(std::uint64_t index) const {
+        Result<BinaryItem> result = BinaryItem();
+        if (Outcome outcome = readItem(index, result.value()); !outcome) {
+            result = std::move(outcome).fault();
+        }
+        return result;
+    }
+
+    /// The same, for those who read very many: fills `item`, which must be as it was made.
+    Outcome readItem(std::uint64_t index, BinaryItem& item) const;
 
     /// Returns the reference that the object with number `index` is; nothing when it is none, or
     /// one that only itemAt can judge. A short cut for archives, which are full of references.
@@ -130,10 +140,10 @@ private:
         return offset >= kHeaderSize && offset < tableOffset_ ? offset : 0;
     }
     [[nodiscard]] Fault misplaced(std::uint64_t index) const;
-    Result<BinaryItem> scalarAt(std::uint64_t offset, unsigned marker) const;
-    Result<BinaryItem> integerAt(std::uint64_t offset, unsigned marker) const;
-    Result<BinaryItem> uidAt(std::uint64_t offset, unsigned marker) const;
-    Result<BinaryItem> countedAt(std::uint64_t offset, unsigned marker) const;
+    Outcome readScalar(std::uint64_t offset, unsigned marker, BinaryItem& item) const;
+    Outcome readInteger(std::uint64_t offset, unsigned marker, BinaryItem& item) const;
+    Outcome readUid(std::uint64_t offset, unsigned marker, BinaryItem& item) const;
+    Outcome readCounted(std::uint64_t offset, unsigned marker, BinaryItem& item) const;
 
     static constexpr std::uint64_t kHeaderSize = 8;
 

@@ -72,8 +72,10 @@ Result<Value> decodeArray(const ArchivedObject& object) {
 
 /// Keys other than strings are legal but not a property list's: such a dictionary stays opaque.
 Result<Value> decodeDictionary(const ArchivedObject& object) {
-    const auto keys = PV_TRY(object.elements("NS.keys", "NS.key."));
-    const auto values = PV_TRY(object.elements("NS.objects", "NS.object."));
+    ArchivedObject::Elements keys(object);
+    ArchivedObject::Elements values(object);
+    PV_TRY(object.readElements("NS.keys", "NS.key.", keys));
+    PV_TRY(object.readElements("NS.objects", "NS.object.", values));
     if (keys.count() != values.count()) {
         return Fault{FaultCode::Malformed, "dictionary of " + std::to_string(keys.count()) +
                                                " keys and " + std::to_string(values.count()) +
@@ -84,7 +86,11 @@ Result<Value> decodeDictionary(const ArchivedObject& object) {
         std::vector<Value> all;
         all.reserve(values.count());
         for (std::uint64_t i = 0; i < values.count(); ++i) {
-            all.push_back(PV_TRY(values.objectAt(i)));
+            auto value = values.objectAt(i);
+            if (!value) {
+                return std::move(value).fault();
+            }
+            all.push_back(std::move(value).value());
         }
         return Value(Dictionary(std::move(shared), std::move(all)));
     }

@@ -11,6 +11,7 @@
 #include "Platform/Foundation/KeyedArchiveTable.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/NameTable.h"
+#include "Platform/Foundation/PreservedObject.h"
 
 namespace platform {
 namespace {
@@ -48,6 +49,15 @@ std::string nameOfData(const Data& data) {
                                   std::uintptr_t{data.size()}});
 }
 
+/// The object itself, or where it came from an archive what it was there: others in that archive
+/// may name it so.
+const Object* identityOf(const Object* object) {
+    const auto* const preserved = dynamic_cast<const PreservedObject*>(object);
+    return preserved != nullptr && preserved->archivedForm() != nullptr
+               ? preserved->archivedForm().get()
+               : object;
+}
+
 /// What tells a value from others, so that it is written once.
 std::string nameOfValue(const Value& value) {
     switch (value.kind()) {
@@ -69,7 +79,7 @@ std::string nameOfValue(const Value& value) {
         case ValueKind::Dictionary:
             return nameOfPlace('M', value.dictionary());
         default:
-            return nameOfPlace('O', value.object().get());
+            return nameOfPlace('O', identityOf(value.object().get()));
     }
 }
 

@@ -139,7 +139,8 @@ Result<Value> KeyedUnarchiver::Archive::containing(std::uint64_t number,
 Result<Value> KeyedUnarchiver::Archive::decode(std::uint64_t number, std::uint64_t reference,
                                                unsigned depth) {
     PV_TRY(reach(depth));
-    const BinaryItem item = PV_TRY(table.list().itemAt(number));
+    BinaryItem item;
+    PV_TRY(table.list().readItem(number, item));
     if (isNumber(item)) {
         return decoder.scalar(item);
     }
@@ -271,11 +272,17 @@ Result<SharedKeys> KeyedUnarchiver::Archive::sharedKeys(const BinaryItem& item, 
 
 Result<const KeyedUnarchiver::Archive::Class*> KeyedUnarchiver::Archive::classOf(
     const BinaryItem& item) {
-    const auto field = PV_TRY(valueNumber(item, "$class"));
+    const auto field = valueNumber(item, "$class");
     if (!field) {
+        return field.fault();
+    }
+    if (!field.value()) {
         return nullptr;
     }
-    const auto reference = table.referenceOf(PV_TRY(table.list().itemAt(*field)));
+    auto reference = table.list().uidAt(*field.value());
+    if (!reference) {
+        reference = table.referenceOf(PV_TRY(table.list().itemAt(*field.value())));
+    }
     if (!reference) {
         return Fault{FaultCode::Malformed, "$class that is no reference"};
     }

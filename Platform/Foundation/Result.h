@@ -34,7 +34,8 @@ struct Fault {
 template <class Value>
 class [[nodiscard]] Result {
 public:
-    Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}
+    Result(const Value& value) : content_(std::in_place_index<0>, value) {}
+    Result(Value&& value) : content_(std::in_place_index<0>, std::move(value)) {}
     Result(Fault fault) : content_(std::in_place_index<1>, std::move(fault)) {}
 
     explicit operator bool() const { return content_.index() == 0; }

@@ -217,10 +217,7 @@ public:
     using Entry = std::pair<std::string, Value>;
 
     /// An entry as it stands in a dictionary; valid until that changes.
-    struct EntryView {
-        const std::string& first;
-        const Value& second;
-    };
+    using EntryView = std::pair<const std::string&, const Value&>;
 
     /// The entries of a dictionary, in their order.
     class Entries {

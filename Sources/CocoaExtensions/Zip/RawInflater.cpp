@@ -17,19 +17,23 @@ static_assert(RawInflater::kBufferError == Z_BUF_ERROR);
 struct RawInflater::Stream : z_stream {};
 
 RawInflater::RawInflater() : stream_(std::make_unique<Stream>()) {
-    initCode_ = inflateInit2_(stream_.get(), kRawWindowBits, kZlibVersion, sizeof(z_stream));
 }
 
 RawInflater::~RawInflater() {
-    if (initCode_ == kOk) {
+    if (isReady_) {
         inflateEnd(stream_.get());
     }
 }
 
-void RawInflater::setInput(std::span<const std::byte> compressed) {
+int RawInflater::begin(std::span<const std::byte> compressed) {
+    const int code =
+        isReady_ ? inflateReset(stream_.get())
+                 : inflateInit2_(stream_.get(), kRawWindowBits, kZlibVersion, sizeof(z_stream));
+    isReady_ = isReady_ || code == kOk;
     // zlib's interface is not const, but it does not write to its input.
     stream_->next_in = reinterpret_cast<Bytef*>(const_cast<std::byte*>(compressed.data()));
     stream_->avail_in = static_cast<uInt>(compressed.size());
+    return code;
 }
 
 int RawInflater::inflateInto(std::span<std::byte> output) {

@@ -1,4 +1,4 @@
-// Inflates one raw deflate stream with zlib.
+// Inflates raw deflate streams with zlib, one after the other.
 //
 // One thread at a time.
 
@@ -22,12 +22,10 @@ public:
     RawInflater(const RawInflater&) = delete;
     RawInflater& operator=(const RawInflater&) = delete;
 
-    /// What zlib answered to the initialisation; kOk, or the stream must not be used.
-    [[nodiscard]] int initCode() const { return initCode_; }
-
-    /// Makes `compressed` the input. It is borrowed until the last inflateInto. Requires: below
-    /// 4 GiB.
-    void setInput(std::span<const std::byte> compressed);
+    /// Begins a stream whose bytes are `compressed`. They are borrowed until the last inflateInto.
+    /// Returns what zlib answers to the initialisation; kOk, or the stream must not be used.
+    /// Requires: below 4 GiB.
+    [[nodiscard]] int begin(std::span<const std::byte> compressed);
 
     /// Inflates what is left of the input into `output` in one call and returns kStreamEnd when all
     /// of it fitted, kBufferError when output or input ended too early, or another code for damaged
@@ -38,7 +36,8 @@ private:
     struct Stream;
 
     std::unique_ptr<Stream> stream_;
-    int initCode_;
+    /// Whether zlib has made its state, which serves all streams.
+    bool isReady_ = false;
 };
 
 }  // namespace parlavox

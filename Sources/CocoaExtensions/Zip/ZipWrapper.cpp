@@ -7,6 +7,7 @@
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/PathString.h"
+#include "Sources/CocoaExtensions/Zip/RawInflater.h"
 #include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Sources/CocoaExtensions/Zip/ZipDirectoryWrapper.h"
 #include "Sources/CocoaExtensions/Zip/ZipFileWrapper.h"
@@ -70,6 +71,11 @@ private:
 
 // Opening. Each way in forgets what the thread failed at before, so that a failure noted on the way
 // is the opening's own.
+
+ZipWrapper::ZipWrapper(Creation key) : FileWrapper(key) {
+}
+
+ZipWrapper::~ZipWrapper() = default;
 
 std::shared_ptr<ZipWrapper> ZipWrapper::make() {
     return std::make_shared<ZipWrapper>(Creation());
@@ -165,6 +171,7 @@ bool ZipWrapper::initWithBytes(std::optional<Data> data, Delegate withDelegate) 
     inputData_ = std::move(data);
     delegate_ = std::move(withDelegate);
     scanLocalHeader();
+    inflater_.reset();
     inputData_.reset();
     return true;
 }

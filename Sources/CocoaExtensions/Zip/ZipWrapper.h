@@ -35,6 +35,7 @@ struct Error;
 
 namespace parlavox {
 
+class RawInflater;
 struct SLocalFileHeader;
 
 /// A directory wrapper that is read from one zip archive.
@@ -96,7 +97,8 @@ public:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initSymbolicLinkWithDestination(
         const std::optional<std::string>& destination);
 
-    explicit ZipWrapper(Creation key) : FileWrapper(key) {}
+    explicit ZipWrapper(Creation key);
+    ~ZipWrapper() override;
 
     /// The delegate is held strongly; null when there is none.
     [[nodiscard]] const Delegate& delegate() const { return delegate_; }
@@ -249,6 +251,9 @@ private:
     [[nodiscard]] platform::Data archiveBytes(platform::Range range) const;
 
     std::optional<platform::Data> inputData_;
+    /// Serves all entries, as making one costs as much as inflating a short entry; there while the
+    /// archive's bytes are.
+    mutable std::unique_ptr<RawInflater> inflater_;
     std::uint32_t stackSize_ = 0;
     std::uint64_t copiedBytes_ = 0;
     Delegate delegate_;

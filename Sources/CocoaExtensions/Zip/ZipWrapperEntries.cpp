@@ -86,14 +86,15 @@ std::optional<Data> ZipWrapper::dataForEntry(SZipFileInfo entry) const {
         return std::nullopt;
     }
     const Data compressed = archiveBytes({entry.DataOffset, entry.CompressedSize});
-    RawInflater inflater;
-    if (inflater.initCode() != RawInflater::kOk) {
-        zipFail("inflateInit2 failed with code: " +
-                    std::to_string(static_cast<unsigned>(inflater.initCode())),
+    if (!inflater_) {
+        inflater_ = std::make_unique<RawInflater>();
+    }
+    RawInflater& inflater = *inflater_;
+    if (const int code = inflater.begin(compressed.span()); code != RawInflater::kOk) {
+        zipFail("inflateInit2 failed with code: " + std::to_string(static_cast<unsigned>(code)),
                 789);
         return std::nullopt;
     }
-    inflater.setInput(compressed.span());
     // The declared size counts, by intention: a shorter stream leaves zeros at the end, and one of
     // up to twice the size gives twice the size.
     Buffer contents = Buffer::zeroed(entry.UncompressedSize);

@@ -1,7 +1,9 @@
 // An archive of many members: opening it and reading the contents of each, beside two libraries
 // that many programs use for that.
 //
-// Short members show what an entry costs beside inflating it, which takes the same zlib everywhere.
+// Short members show what an entry costs beside inflating it. The inflating takes the same zlib
+// everywhere: where it is most of the work no reader can be much faster than another, and inflating
+// alone is the yardstick.
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -14,6 +16,7 @@
 #include <vector>
 
 #include "Benchmarks/Support/Benchmarks.h"
+#include "Benchmarks/Support/Floor.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 
 namespace bench {
@@ -91,9 +94,14 @@ std::string add(const std::string& name, Reader read, const std::string& path) {
     return name;
 }
 
+Totals inflateAlone(const std::string& path) {
+    return {0, floorInflate(path.c_str())};
+}
+
 void compare(const Packages& packages, Report& report, std::uint64_t size, bool areDeflated) {
     constexpr std::uint64_t kMembers = 10'000;
-    constexpr double kTimes = 3;
+    constexpr double kTimesInflating = 1.5;
+    const Target target = areDeflated ? Target::none() : Target::atLeast(3);
     const std::string path = packages.pathOfMembers(kMembers, size, areDeflated);
     const Totals wanted = readWithZipWrapper(path);
     if (wanted != Totals{kMembers, kMembers * size} || readWithLibzip(path) != wanted ||
@@ -104,11 +112,14 @@ void compare(const Packages& packages, Report& report, std::uint64_t size, bool 
     const std::string shape = "10000 members of " + std::to_string(size) + " bytes, " +
                               (areDeflated ? "deflated" : "stored");
     const std::string ours = add("ZipWrapper: " + shape, readWithZipWrapper, path);
-    report.compare({shape + ", libzip", ours, add("libzip: " + shape, readWithLibzip, path),
-                    Target::atLeast(kTimes)});
+    report.compare(
+        {shape + ", libzip", ours, add("libzip: " + shape, readWithLibzip, path), target});
     report.compare({shape + ", libarchive", ours,
-                    add("libarchive: " + shape, readWithLibarchive, path),
-                    Target::atLeast(kTimes)});
+                    add("libarchive: " + shape, readWithLibarchive, path), target});
+    if (areDeflated) {
+        report.compare({shape + ", zlib alone", ours, add("zlib: " + shape, inflateAlone, path),
+                        Target::atMost(kTimesInflating)});
+    }
 }
 
 }  // namespace

@@ -3,7 +3,11 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <span>
+#include <string>
+
 #include "Platform/Foundation/AssertionHandler.h"
+#include "Platform/Foundation/Buffer.h"
 #include "Platform/Foundation/Exception.h"
 #include "Sources/CocoaExtensions/Zip/ZipAssertion.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipWrapperTestPeer.h"
@@ -44,12 +48,12 @@ TEST(RawInflater, RefusedInitialisationIsAnAssertionFailureOfTheEntry) {
     const auto& header = zip.add("a", std::string(100, 'a')).central;
     const SZipFileInfo entry{0, 0, header.CompressionMethod, header.DataDescriptor.CompressedSize,
                              header.DataDescriptor.UncompressedSize};
+    ASSERT_TRUE(Peer::dataForEntry(*Peer::unscanned(zip.finish()), entry)) << "without a refusal";
     const auto wrapper = Peer::unscanned(zip.finish());
-    ASSERT_TRUE(Peer::dataForEntry(*wrapper, entry)) << "without a refusal";
 
     constexpr int kMemoryError = -4;
     const RefusalScope refusal(kMemoryError);
-    EXPECT_EQ(RawInflater().initCode(), kMemoryError);
+    EXPECT_EQ(RawInflater().begin({}), kMemoryError);
     try {
         (void)Peer::dataForEntry(*wrapper, entry);
         FAIL() << "nothing was raised";
@@ -63,6 +67,20 @@ TEST(RawInflater, RefusedInitialisationIsAnAssertionFailureOfTheEntry) {
     } silent;
     const platform::AssertionHandlerScope scope(silent);
     EXPECT_EQ(Peer::dataForEntry(*wrapper, entry), std::nullopt) << "none when the handler returns";
+}
+
+TEST(RawInflater, InflatesOneStreamAfterAnotherWhateverBecameOfTheLast) {
+    samples::ZipBuilder zip;
+    const platform::Data good = zip.add("a", std::string(100, 'a')).data;
+    const std::span<const std::byte> whole = good.span();
+    RawInflater inflater;
+    for (const std::size_t size : {whole.size(), whole.size() - 1, std::size_t{0}, whole.size()}) {
+        SCOPED_TRACE(size);
+        platform::Buffer output = platform::Buffer::zeroed(100);
+        ASSERT_EQ(inflater.begin(whole.first(size)), RawInflater::kOk);
+        EXPECT_EQ(inflater.inflateInto(output.span()),
+                  size == whole.size() ? RawInflater::kStreamEnd : RawInflater::kBufferError);
+    }
 }
 
 }  // namespace

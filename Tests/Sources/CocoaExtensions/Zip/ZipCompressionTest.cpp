@@ -20,7 +20,7 @@ std::optional<Data> compressed(const std::optional<Data>& data, std::uint32_t le
 
 std::string inflated(const Data& data, std::size_t size) {
     RawInflater inflater;
-    inflater.setInput(data.span());
+    EXPECT_EQ(inflater.begin(data.span()), RawInflater::kOk);
     Buffer output = Buffer::zeroed(size);
     EXPECT_EQ(inflater.inflateInto(output.span()), RawInflater::kStreamEnd);
     return std::string(Data::adopt(std::move(output)).view());
