@@ -28,8 +28,9 @@ gcovr --root . --object-directory "$build" "$build" \
 
 status=0
 {
-    # Both programs read the same marks. A mark stands in a comment that goes on with the reason.
-    grep -rnE '(GCOVR?|LCOV)_EXCL' Platform Sources Host Tools --include='*.h' --include='*.cpp' |
+    # gcovr leaves out what such marks name. A mark stands in a comment that goes on with the reason.
+    { grep -rnE '(GCOVR?|LCOV)_EXCL' Platform Sources Host Tools --include='*.h' \
+        --include='*.cpp' || true; } |
         awk '{ count++; print }
              !/_EXCL_STOP/ && !/_EXCL_[A-Z_]*: [A-Za-z]/ { print "  has no reason"; missing = 1 }
              END { print count + 0 " marks that exclude code"; exit missing + 0 }' || status=1
