@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "Host/MagicBytes.h"
+#include "Platform/Foundation/MagicBytes.h"
 
 namespace host {
 
@@ -27,10 +27,10 @@ std::string contentTypeOf(const InputFile& file, const ImporterTypes& types) {
     if (file.isFolder()) {
         return "public.folder";
     }
-    const std::string beginning = file.firstBytes(kMagicBytes);
+    const std::string beginning = file.firstBytes(platform::kMagicBytes);
     const bool isArchive = beginning.starts_with("PK");
-    return std::string(
-        typeOfBytes(beginning, isArchive ? file.lastBytes(kMagicBytes) : std::string()));
+    return std::string(platform::typeOfBytes(
+        beginning, isArchive ? file.lastBytes(platform::kMagicBytes) : std::string()));
 }
 
 }  // namespace host

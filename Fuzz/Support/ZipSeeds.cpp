@@ -12,7 +12,6 @@ namespace fuzz {
 namespace {
 
 using platform::Data;
-using platform::PropertyListFormat;
 using platform::Value;
 using samples::Packing;
 using samples::ZipBuilder;

@@ -19,6 +19,7 @@ gate() {
 gate "format: all code is laid out as .clang-format says" ./format.sh
 gate "includes: they point down the storeys" ./includes.sh
 gate "headers: each compiles alone" ./headers.sh
+gate "tidy: clang-tidy has nothing to say" ./tidy.sh
 gate "words: nothing refers to papers outside the project" ./words.sh
 gate "lists: all sources and tests are built, files end well, scripts parse" ./lists.sh
 gate "selectors: functions are what their keyword names say" ./selectors.sh

@@ -6,8 +6,14 @@
 # - has a parameter for each colon, named after its keyword unless that is joined into the name, and
 #   the first is named for what it is;
 # - as a free function has the object that is asked as one more parameter, before the others;
-# - as a constructor is named after its class, its keyword name begins with `init`.
+# - as a constructor is named after its class; its keyword name begins with `init`, or as `fontWith`
+#   does in a class Font.
 # A class has each keyword name once.
+
+BEGIN {
+    # Exceptions: keyword names whose last keyword has no parameter, because it has no meaning here.
+    meaningless["copyWithZone:"] = 1  # a zone is a place to take memory from
+}
 
 function report(line, text) {
     print file ":" line ": " text
@@ -67,12 +73,14 @@ function compare(line, selector, class, declaration,
     count = splitParameters(declaration, parameters)
 
     joined = joinedKeywords(name, keywords, colons > 1 ? colons : 1)
-    if (class != "" && name == class && selector ~ /^init/) joined = 1
+    if (class != "" && name == class &&
+        (selector ~ /^init/ || index(tolower(selector), tolower(class) "with") == 1)) joined = 1
     if (joined == 0) {
         report(line, selector " stands at a function named " name)
         return
     }
     first = (class == "") ? 2 : 1
+    if (selector in meaningless) colons--
     if (count != colons + first - 1) {
         report(line, selector " stands at a function with " count " parameters")
         return

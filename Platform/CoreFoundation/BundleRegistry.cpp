@@ -32,7 +32,7 @@ Owned<CFBundleRef> BundleRegistry::open(const std::string& path) {
     if (const Bundle* bundle = findOpen(path)) {
         unwanted = std::exchange(owned, Owned<CFBundleRef>(refOf(bundle)));
     } else if (!enter(*made)) {
-        unwanted = std::move(owned);
+        unwanted = std::exchange(owned, {});
     }
     return owned;
 }

@@ -42,7 +42,15 @@ bool Array::isEqual(const Object& other) const noexcept {
 
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::Array;
+using platform::cf::Changes;
+using platform::cf::expect;
+using platform::cf::objectAs;
+using platform::cf::orEnd;
+using platform::cf::orNull;
+using platform::cf::releaseForCollection;
+using platform::cf::retainForCollection;
+using platform::cf::TypeID;
 
 extern "C" {
 

@@ -25,7 +25,11 @@ constinit const Truth falsehood(false);
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::falsehood;
+using platform::cf::objectAs;
+using platform::cf::Truth;
+using platform::cf::truth;
+using platform::cf::TypeID;
 
 extern "C" {
 

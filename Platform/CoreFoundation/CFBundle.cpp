@@ -6,7 +6,15 @@
 #include "Platform/CoreFoundation/String.h"
 #include "Platform/CoreFoundation/URL.h"
 
-using namespace platform::cf;
+using platform::cf::Bundle;
+using platform::cf::BundleRegistry;
+using platform::cf::IsFolder;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::plainPath;
+using platform::cf::TypeID;
+using platform::cf::URL;
+using platform::cf::utf8Of;
 
 extern "C" {
 

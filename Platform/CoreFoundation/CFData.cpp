@@ -39,7 +39,10 @@ private:
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::Bytes;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::TypeID;
 
 extern "C" {
 

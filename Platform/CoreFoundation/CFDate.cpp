@@ -28,7 +28,10 @@ private:
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::Moment;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::TypeID;
 
 extern "C" {
 

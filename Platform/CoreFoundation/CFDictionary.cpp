@@ -19,7 +19,15 @@ Dictionary& changeable(CFMutableDictionaryRef ref, const char* function) {
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::changeable;
+using platform::cf::Changes;
+using platform::cf::Dictionary;
+using platform::cf::objectAs;
+using platform::cf::orEnd;
+using platform::cf::orNull;
+using platform::cf::releaseForCollection;
+using platform::cf::retainForCollection;
+using platform::cf::TypeID;
 
 extern "C" {
 

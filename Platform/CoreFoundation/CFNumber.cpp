@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 #include "Platform/CoreFoundation/Object.h"
@@ -27,9 +28,11 @@ std::optional<SInt64> exactInteger(double value) noexcept {
 template <class Target>
 Target converted(SInt64 value) noexcept {
     if constexpr (std::is_integral_v<Target>) {
-        constexpr SInt64 kLeast = std::numeric_limits<Target>::min();
-        constexpr SInt64 kMost = std::numeric_limits<Target>::max();
-        return static_cast<Target>(value < kLeast ? kLeast : value > kMost ? kMost : value);
+        using Limits = std::numeric_limits<Target>;
+        if (std::cmp_less(value, Limits::min())) {
+            return Limits::min();
+        }
+        return std::cmp_greater(value, Limits::max()) ? Limits::max() : static_cast<Target>(value);
     } else {
         return static_cast<Target>(value);
     }
@@ -146,7 +149,13 @@ using Widest = std::conditional_t<std::is_integral_v<Source>, SInt64, double>;
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::converted;
+using platform::cf::Number;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::TypeID;
+using platform::cf::Widest;
+using platform::cf::withType;
 
 extern "C" {
 

@@ -48,7 +48,16 @@ CFPlugInFactoryFunction functionOfFactory(const Bundle& bundle, const UUIDBytes&
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::Bundle;
+using platform::cf::BundleRegistry;
+using platform::cf::factoriesOfType;
+using platform::cf::functionOfFactory;
+using platform::cf::ImagePin;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::Owned;
+using platform::cf::UUID;
+using platform::cf::UUIDBytes;
 
 extern "C" {
 

@@ -126,7 +126,18 @@ bool holdsNul(const String& string) noexcept {
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::ByteSink;
+using platform::cf::expect;
+using platform::cf::expectRange;
+using platform::cf::extendsAscii;
+using platform::cf::holdsNul;
+using platform::cf::indexOf;
+using platform::cf::kMaxIndex;
+using platform::cf::maxBytesPerUnit;
+using platform::cf::objectAs;
+using platform::cf::String;
+using platform::cf::TypeID;
+using platform::cf::writeCString;
 
 extern "C" {
 

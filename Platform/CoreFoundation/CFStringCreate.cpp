@@ -70,7 +70,11 @@ const String* stringOfBytes(std::string_view bytes, CFStringEncoding encoding, b
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::extendsAscii;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::String;
+using platform::cf::stringOfBytes;
 
 extern "C" {
 

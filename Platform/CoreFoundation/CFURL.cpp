@@ -58,7 +58,15 @@ bool writePath(const std::string& path, UInt8* buffer, CFIndex size) noexcept {
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::IsFolder;
+using platform::cf::objectAs;
+using platform::cf::orEnd;
+using platform::cf::orNull;
+using platform::cf::String;
+using platform::cf::TypeID;
+using platform::cf::URL;
+using platform::cf::utf8Of;
+using platform::cf::writePath;
 
 extern "C" {
 

@@ -33,7 +33,15 @@ const String* textOf(const UUIDBytes& bytes) {
 }  // namespace
 }  // namespace platform::cf
 
-using namespace platform::cf;
+using platform::cf::objectAs;
+using platform::cf::orNull;
+using platform::cf::String;
+using platform::cf::textOf;
+using platform::cf::TypeID;
+using platform::cf::UUID;
+using platform::cf::UUIDBytes;
+using platform::cf::uuidFromText;
+using platform::cf::uuidOf;
 
 extern "C" {
 

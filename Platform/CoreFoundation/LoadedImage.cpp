@@ -12,7 +12,7 @@ bool LoadedImage::load(const std::string& path) {
     if (isLoaded()) {
         return true;
     }
-    const Handle handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         const char* const why = dlerror();
         platform::log(std::string("CFBundle: cannot load the executable: ") +

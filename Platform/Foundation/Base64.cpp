@@ -27,40 +27,31 @@ bool isBlank(char c) {
 
 }  // namespace
 
-std::optional<std::string> bytesFromBase64(std::string_view text) {
+std::string bytesFromBase64(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size() / 4 * 3);
     std::uint32_t group = 0;
     unsigned digits = 0;
     unsigned padding = 0;
     for (const char c : text) {
-        if (isBlank(c)) {
-            continue;
+        if (!isBlank(c)) {
+            padding = c == '=' ? padding + 1 : 0;
         }
-        if (c == '=') {
-            ++padding;
+        const int value = c == '=' ? 0 : digitValue(c);
+        if (value < 0) {
             continue;
-        }
-        const int value = digitValue(c);
-        if (value < 0 || padding > 0) {
-            return std::nullopt;
         }
         group = (group << 6) | static_cast<std::uint32_t>(value);
-        if (++digits % 4 == 0) {
-            bytes.push_back(static_cast<char>(group >> 16));
+        if (++digits % 4 != 0) {
+            continue;
+        }
+        bytes.push_back(static_cast<char>(group >> 16));
+        if (padding < 2) {
             bytes.push_back(static_cast<char>(group >> 8));
+        }
+        if (padding < 1) {
             bytes.push_back(static_cast<char>(group));
         }
-    }
-    const unsigned rest = digits % 4;
-    if (rest == 1 || padding > 2) {
-        return std::nullopt;
-    }
-    if (rest >= 2) {
-        bytes.push_back(static_cast<char>(group >> (rest == 2 ? 4 : 10)));
-    }
-    if (rest == 3) {
-        bytes.push_back(static_cast<char>(group >> 2));
     }
     return bytes;
 }

@@ -4,15 +4,15 @@
 
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace platform {
 
-/// Returns the bytes that `text` stands for, or nothing when it holds anything but base64 digits,
-/// padding at its end, and white space.
-[[nodiscard]] std::optional<std::string> bytesFromBase64(std::string_view text);
+/// Returns the bytes that `text` stands for, as the platform reads them: what is neither a digit
+/// nor padding is passed over, a last group of fewer than four is left out, and padding inside
+/// counts as zero bits, with bytes left out where a group ends in it.
+[[nodiscard]] std::string bytesFromBase64(std::string_view text);
 
 /// Returns `bytes` as base64 digits with padding, without line breaks.
 [[nodiscard]] std::string base64FromBytes(std::string_view bytes);

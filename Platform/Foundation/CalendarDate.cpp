@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 
 namespace platform {
 namespace {
@@ -52,7 +53,8 @@ std::optional<Date> dateFromText(std::string_view text) {
         return std::nullopt;
     }
     const std::int64_t days = (sys_days(date) - kReferenceDay).count();
-    return Date{static_cast<double>(days * kSecondsPerDay + *hour * 3600 + *minute * 60 + *second)};
+    const std::int64_t minutes = (days * 24 + *hour) * 60 + *minute;
+    return Date{static_cast<double>(minutes * 60 + *second)};
 }
 
 std::string textFromDate(Date date) {
@@ -64,11 +66,13 @@ std::string textFromDate(Date date) {
     const std::int64_t inDay = (whole % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
     const std::int64_t dayCount = (whole - inDay) / kSecondsPerDay;
     const std::chrono::year_month_day day(kReferenceDay + std::chrono::days(dayCount));
+    const int year = static_cast<int>(day.year());
     char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(day.year()),
-                  static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
-                  static_cast<int>(inDay / 3600), static_cast<int>(inDay / 60 % 60),
-                  static_cast<int>(inDay % 60));
+    // The sign is not one of the four digits.
+    std::snprintf(text, sizeof text, "%s%04d-%02u-%02uT%02d:%02d:%02dZ", year < 0 ? "-" : "",
+                  std::abs(year), static_cast<unsigned>(day.month()),
+                  static_cast<unsigned>(day.day()), static_cast<int>(inDay / 3600),
+                  static_cast<int>(inDay / 60 % 60), static_cast<int>(inDay % 60));
     return text;
 }
 

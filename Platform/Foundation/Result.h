@@ -76,6 +76,7 @@ inline Outcome done() {
 // Nested uses need names of their own.
 #define PV_TRY_JOIN(first, second) first##second
 #define PV_TRY_NAME(number) PV_TRY_JOIN(pv_result_, number)
+// NOLINTBEGIN(bugprone-macro-parentheses): a name that is declared cannot stand in parentheses.
 #define PV_TRY_AS(name, expression)         \
     __extension__({                         \
         auto name = (expression);           \
@@ -83,6 +84,7 @@ inline Outcome done() {
             return std::move(name).fault(); \
         std::move(name).value();            \
     })
+// NOLINTEND(bugprone-macro-parentheses)
 
 /// The value of a Result expression; when it has none, returns its Fault from the calling function.
 #define PV_TRY(expression) PV_TRY_AS(PV_TRY_NAME(__COUNTER__), expression)

@@ -194,8 +194,7 @@ private:
             return date ? std::optional<Value>(*date) : std::nullopt;
         }
         if (name == "data") {
-            auto bytes = bytesFromBase64(text_);
-            return bytes ? std::optional<Value>(Data::adopt(std::move(*bytes))) : std::nullopt;
+            return Value(Data::adopt(bytesFromBase64(text_)));
         }
         return std::nullopt;
     }

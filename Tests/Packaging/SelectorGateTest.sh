@@ -26,6 +26,8 @@ allows 'length' '    [[nodiscard]] int length() const { return length_; }'
 allows 'setName:' '    virtual void setName(std::string whatever);'
 allows 'initWithData:' '    explicit Thing(Data data) : data_(data) {}'
 allows 'initWithData:' '    static std::shared_ptr<Thing> initWithData(const std::optional<Data>& data);'
+allows 'thingWithName:' '    explicit Thing(std::string name);'
+allows 'copyWithZone:' '    std::shared_ptr<const Thing> copyWithZone() const;'
 allows 'write:toPath:error:' '    bool write(const Data& data, const std::string& toPath,' \
     '               ErrorLocation error) override;'
 allows 'walk:using:' '    void walk(Range range, const std::function<bool(Range, Range)>& using);'
@@ -41,6 +43,9 @@ refuses 'length stands at a function with 1 parameters' 'length' '    int length
 refuses 'length stands at a function named size' 'length' '    int size();'
 refuses 'initWithData: stands at a function named make' \
     'initWithData:' '    static std::shared_ptr<Thing> make(Data data);'
+refuses 'thing: stands at a function named Thing' 'thing:' '    explicit Thing(std::string name);'
+refuses 'copyWithZone: stands at a function with 1 parameters' \
+    'copyWithZone:' '    Thing copyWithZone(Zone zone) const;'
 refuses 'setData: stands at a function named Thing' 'setData:' '    explicit Thing(Data data);'
 refuses 'read:into: stands at a function whose parameter into is named "target"' \
     'read:into:' '    bool read(const std::string& path, std::vector<std::pair<int, int>>& target);'

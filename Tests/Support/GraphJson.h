@@ -79,8 +79,10 @@ private:
 
     /// In the order of the names, so that the numbers of shared objects don't depend on another.
     Json ofDictionary(const platform::Dictionary& dictionary) {
-        std::map<std::string, platform::Value> sorted(dictionary.entries().begin(),
-                                                      dictionary.entries().end());
+        std::map<std::string, platform::Value> sorted;
+        for (const auto& [key, value] : dictionary.entries()) {
+            sorted.insert_or_assign(key, value);
+        }
         Json json = Json::object();
         for (const auto& [key, value] : sorted) {
             json[key] = of(value);

@@ -36,6 +36,24 @@ TEST(FileManager, AttributesAreThoseOfTheTargetOfALink) {
     EXPECT_EQ(kManager.attributesOfItemAtPath("/dev/null")->type, FileType::Other);
 }
 
+TEST(FileManager, ContentsThatEndInAnErrorAreNone) {
+    // No process has anything at address 0.
+    EXPECT_FALSE(kManager.contentsAtPath("/proc/self/mem"));
+    EXPECT_STREQ(lastFailure(), "/proc/self/mem: Input/output error");
+}
+
+TEST(FileManager, NameTooLongForAnyDiskIsNotRemoved) {
+    const test::TemporaryFolder folder;
+    const std::string path = folder.path(std::string(300, 'n'));
+    EXPECT_FALSE(kManager.removeItemAtPath(path));
+    EXPECT_EQ(lastFailure(), path + ": File name too long");
+}
+
+TEST(FileManager, PathWithANulIsResolvedToItself) {
+    const std::string path("/proc/self\0/exe", 15);
+    EXPECT_EQ(kManager.stringByResolvingSymlinksInPath(path), path);
+}
+
 TEST(FileManager, WhatIsNotThereHasNoAttributesAndNoContents) {
     const test::TemporaryFolder folder;
     std::filesystem::create_symlink("nowhere", folder.path("dangling"));

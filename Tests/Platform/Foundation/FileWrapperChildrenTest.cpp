@@ -48,6 +48,20 @@ TEST(FileWrapperChildren, KeepOrderThroughRemovalAndAddition) {
     EXPECT_EQ(children.find("a"), second);
 }
 
+TEST(FileWrapperChildren, IteratorStepsToTheNextOneThatIsThere) {
+    FileWrapperChildren children;
+    const auto removed = file();
+    EXPECT_TRUE(children.add("a", file()));
+    EXPECT_TRUE(children.add("b", removed));
+    EXPECT_TRUE(children.add("c", file()));
+    EXPECT_TRUE(children.remove(*removed));
+    auto at = children.begin();
+    const auto before = at++;
+    EXPECT_EQ((*before).key, "a");
+    EXPECT_EQ((*at).key, "c");
+    EXPECT_EQ(++at, children.end());
+}
+
 TEST(FileWrapperChildren, TakenKeyIsRefused) {
     FileWrapperChildren children;
     const auto first = file();

@@ -72,6 +72,48 @@ TEST(PropertyList, BothFormatsGoThereAndBack) {
     }
 }
 
+TEST(PropertyList, WhatIsNoneIsNotWritten) {
+    Value nested = Value(1);
+    for (int i = 0; i < 513; ++i) {
+        nested = Array{std::move(nested)};
+    }
+    const struct {
+        const char* name;
+        Value value;
+        FaultCode code;
+        const char* detail;
+    } kRows[] = {
+        {"nothing", Value(), FaultCode::Unsupported, "value that is no property list"},
+        {"nothing in an array", Value(Array{Value()}), FaultCode::Unsupported,
+         "value that is no property list"},
+        {"an object", Value(std::make_shared<const Object>()), FaultCode::Unsupported,
+         "value that is no property list"},
+        {"too deep", nested, FaultCode::TooDeep, "property list nested deeper than 512 levels"},
+    };
+    for (const auto& row : kRows) {
+        for (const auto format : {PropertyListFormat::Binary, PropertyListFormat::Xml}) {
+            SCOPED_TRACE(row.name);
+            const auto data = PropertyListSerialization::dataWithPropertyList(row.value, format);
+            ASSERT_FALSE(data);
+            EXPECT_EQ(data.fault().code, row.code);
+            EXPECT_EQ(data.fault().detail, row.detail);
+        }
+    }
+}
+
+TEST(XmlPropertyList, WritesNumbersThatAreNoneByName) {
+    const auto written = [](double number) {
+        const auto data =
+            PropertyListSerialization::dataWithPropertyList(Value(number), PropertyListFormat::Xml);
+        const std::string text(data.value().view());
+        const std::size_t start = text.find("<real>");
+        return text.substr(start, text.find("</real>") - start);
+    };
+    EXPECT_EQ(written(std::numeric_limits<double>::quiet_NaN()), "<real>nan");
+    EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "<real>+infinity");
+    EXPECT_EQ(written(-std::numeric_limits<double>::infinity()), "<real>-infinity");
+}
+
 TEST(PropertyList, XmlIsLaidOutAsThePlatformDoes) {
     const Value value = Dictionary{
         {"z", Value(Array{Value(0.1), Value(3.0), Value(0.0), Value(INFINITY), Value(true)})},
@@ -342,6 +384,7 @@ TEST(XmlPropertyList, ReadsWhatOthersWrite) {
         {"the last of equal keys", xml("<dict><key>a</key><true/><key>a</key><false/></dict>"),
          Dictionary{{"a", Value(false)}}},
         {"data over lines", xml("<data>\n\tAQ\n\tID\n</data>"), Value(Data::copyOf("\1\2\3"))},
+        {"data that is not all base64", xml("<data>A.QI-D*</data>"), Value(Data::copyOf("\1\2\3"))},
         {"date", xml("<date>1970-01-01T00:00:00Z</date>"), Value(Date{-978307200})},
         {"comments", xml("<array><!-- one --><true/></array>"), Value(Array{Value(true)})},
         {"the standard document type, which is not loaded",
@@ -372,7 +415,6 @@ TEST(XmlPropertyList, DamageIsNamedWithItsLine) {
         {"empty integer", xml("<integer/>"), "bad <integer> in line 2"},
         {"integer beyond 64 bits", xml("<integer>18446744073709551616</integer>"),
          "bad <integer> in line 2"},
-        {"bad base64", xml("<data>A*==</data>"), "bad <data> in line 2"},
         {"bad date", xml("<date>2001-13-01T00:00:00Z</date>"), "bad <date> in line 2"},
         {"value without key", xml("<dict><true/></dict>"), "value without a key in line 2"},
         {"key without value", xml("<dict><key>a</key></dict>"), "key without a value in line 2"},

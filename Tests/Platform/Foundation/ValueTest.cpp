@@ -35,6 +35,7 @@ TEST(Value, IntegerValueReadsNumbersAndStrings) {
         {"real toward zero", Value(-2.9), -2},
         {"real beyond the range", Value(1e300), kMax},
         {"real below the range", Value(-1e300), kMin},
+        {"no number", Value(std::numeric_limits<double>::quiet_NaN()), 0},
         {"digits then letters", Value(u"123a"), 123},
         {"negative digits", Value(u"-123a"), -123},
         {"plus sign", Value(u"+123"), 123},
@@ -90,6 +91,30 @@ TEST(Value, ComparesByContent) {
     EXPECT_EQ(one, same);
     EXPECT_FALSE(one == Value(Dictionary{{"a", Value(Array{1, u"y"})}, {"b", Value(2.5)}}));
     EXPECT_FALSE(Value(1) == Value(1.0));
+}
+
+TEST(Value, ObjectsAreComparedByIdentity) {
+    const auto make = [] {
+        return std::make_shared<const Object>();
+    };
+    const auto object = make();
+    EXPECT_EQ(Value(object), Value(object));
+    EXPECT_FALSE(Value(object) == Value(make()));
+}
+
+TEST(Dictionary, AssignmentTakesTheEntriesOver) {
+    for (const int count : {3, 1000}) {
+        Dictionary source;
+        for (int i = 0; i < count; ++i) {
+            source.set("key" + std::to_string(i), Value(i));
+        }
+        Dictionary target{{"former", Value(true)}};
+        target = source;
+        EXPECT_EQ(Value(target), Value(source));
+        EXPECT_EQ(target.find("former"), nullptr);
+        target.set("key0", Value(u"changed"));
+        EXPECT_EQ(source["key0"], Value(0)) << "a copy of its own";
+    }
 }
 
 TEST(Dictionary, FindsKeysAmongFewAndMany) {

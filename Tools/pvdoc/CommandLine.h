@@ -1,0 +1,40 @@
+// Reads the command line of pvdoc.
+//
+// Paths are bytes. One thread.
+
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "Tools/pvdoc/Pack.h"
+
+namespace pvdoc {
+
+/// The exit statuses.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kWrongCommandLine = 2;
+
+/// What the program is to do.
+enum class Command { Pack, Info, Explain };
+
+/// A command with its options; `file` is what info and explain look at.
+struct Request {
+    Command command = Command::Info;
+    std::string file;
+    PackOptions pack;
+};
+
+/// A request or, without one, what to print and the status to end with.
+struct CommandLine {
+    std::optional<Request> request;
+    std::string output;  ///< for the standard output
+    std::string error;   ///< for the standard error, a line
+    int status = kDone;
+
+    /// Reads the arguments as main gets them.
+    [[nodiscard]] static CommandLine read(int argc, const char* const* argv);
+};
+
+}  // namespace pvdoc

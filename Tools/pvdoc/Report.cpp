@@ -1,0 +1,38 @@
+#include "Tools/pvdoc/Report.h"
+
+#include "Platform/Foundation/Unicode.h"
+
+namespace pvdoc {
+namespace {
+
+constexpr std::size_t kLabelWidth = 11;
+
+}  // namespace
+
+void Report::add(std::string_view label, std::string_view text) {
+    std::string line(label);
+    if (line.size() < kLabelWidth) {
+        line.resize(kLabelWidth, ' ');
+    }
+    text_ += line + shownInLine(text) + '\n';
+}
+
+std::string counted(std::uint64_t count, std::string_view noun) {
+    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+std::string shownInLine(std::string_view text) {
+    std::string line;
+    while (!text.empty()) {
+        const std::size_t length = platform::utf8FormLength(text);
+        const auto first = static_cast<unsigned char>(text.front());
+        const bool isShown =
+            length > 0 && first >= 0x20 && first != 0x7F &&
+            !(length == 2 && first == 0xC2 && static_cast<unsigned char>(text[1]) < 0xA0);
+        line += isShown ? text.substr(0, length) : "?";
+        text.remove_prefix(length > 0 ? length : 1);
+    }
+    return line;
+}
+
+}  // namespace pvdoc
