@@ -40,7 +40,7 @@ asan: deps ## tests under AddressSanitizer and UndefinedBehaviorSanitizer
 tsan: deps ## tests under ThreadSanitizer
 	$(call test,tsan)
 
-coverage: deps ## tests, then how much of the code they executed
+coverage: deps ## tests, then how much of the code they executed and whether that is enough
 	find build/coverage -name '*.gcda' -delete 2>/dev/null || true
 	$(call test,coverage)
 	@Packaging/coverage.sh

@@ -1,32 +1,32 @@
 #!/usr/bin/env bash
-# Prints how much of each source file the tests have executed; run by `make coverage` after them.
+# Tells how much of the code the tests have executed; run by `make coverage` after them.
+#
+# Prints a report of lines and branches for each file and folder, leaves it in
+# build/coverage/report.txt and pages to browse in build/coverage/html/index.html. Fails when a
+# folder has less than coverage.awk wants of it.
+#
+# Branches that only exceptions take do not count, nor do lines of nothing but braces that no test
+# has reached: there the compiler has put what runs when an exception passes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 build=build/coverage
-find "$build" -name '*.gcda' -print0 | xargs -0 -r gcov --no-output --branch-probabilities 2>/dev/null |
-    awk '
-    function number(text) { sub(/^[^:]*:/, "", text); return text + 0 }
-    /^File / {
-        file = $2
-        gsub(/\x27/, "", file)
-        wanted = file ~ /^(Platform|Sources|Host|Tools)\/.*\.cpp$/
-        next
-    }
-    !wanted { next }
-    /^Lines executed:/ {
-        # A second such line sums up all files and belongs to none.
-        if (file in lines) { wanted = 0; next }
-        lines[file] = $NF
-        hit[file] = number($0) * $NF / 100
-    }
-    /^Branches executed:/ { branches[file] = number($0) }
-    END {
-        for (file in lines) {
-            printf "%6.1f %% of %5d lines, %6.1f %% of branches  %s\n", \
-                100 * hit[file] / lines[file], lines[file], branches[file], file | "sort -k10"
-            all += lines[file]; executed += hit[file]
-        }
-        close("sort -k10")
-        if (all > 0) printf "%6.1f %% of %5d lines in all\n", 100 * executed / all, all
-    }'
+mkdir -p "$build/html"
+gcovr --root . --object-directory "$build" "$build" \
+    --filter "($build/include/[^/]*/)?(Platform|Sources|Host|Tools)/" \
+    --exclude-throw-branches --exclude-unreachable-branches \
+    --csv "$build/summary.csv" --html-details "$build/html/index.html"
+
+status=0
+{
+    # Both programs read the same marks. A mark stands in a comment that goes on with the reason.
+    grep -rnE '(GCOVR?|LCOV)_EXCL' Platform Sources Host Tools --include='*.h' --include='*.cpp' |
+        awk '{ count++; print }
+             !/_EXCL_STOP/ && !/_EXCL_[A-Z_]*: [A-Za-z]/ { print "  has no reason"; missing = 1 }
+             END { print count + 0 " marks that exclude code"; exit missing + 0 }' || status=1
+    # Headers are found through the build's link farms.
+    sed "s|^$build/include/[^/]*/||" "$build/summary.csv" | sort |
+        awk -f Packaging/coverage.awk || status=1
+} >"$build/report.txt"
+cat "$build/report.txt"
+exit "$status"

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Fuzz/Support/Seeds.h"
+#include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
 #include "Tools/samples/ArchiveBuilder.h"
 
@@ -107,6 +108,43 @@ Data archiveOfMutableString() {
     return builder.finish(string);
 }
 
+/// A font, a colour, a style with a tab and an attachment with a file, in the forms that real
+/// archives have.
+Data archiveOfTypedAttributes() {
+    ArchiveBuilder b;
+    const Uid font =
+        b.addInstance(b.addClass({"NSFont", "NSObject"}),
+                      {{"NSName", Value(b.add(u"Helvetica"))}, {"NSSize", 12.0}, {"NSfFlags", 16}});
+    const Uid color =
+        b.addInstance(b.addClass({"NSColor", "NSObject"}),
+                      {{"NSColorSpace", 1}, {"NSRGB", Value(Data::copyOf("0.5 0 1 0.25\0"sv))}});
+    const Uid tab = b.addInstance(b.addClass({"NSTextTab", "NSObject"}), {{"NSLocation", 36.0}});
+    const Uid style = b.addInstance(b.addClass({"NSParagraphStyle", "NSObject"}),
+                                    {{"NSAlignment", 2}, {"NSTabStops", Value(b.addArray({tab}))}});
+    const Uid wrapper =
+        b.addInstance(b.addClass({"NSFileWrapper", "NSObject"}),
+                      {{"NSFileWrapperData", Value(b.add(fileWrapperSeeds().front().contents))}});
+    const Uid attachment = b.addInstance(b.addClass({"NSTextAttachment", "NSObject"}),
+                                         {{"NSFileWrapper", Value(wrapper)}});
+    const Uid link =
+        b.addInstance(b.addClass({"NSURL", "NSObject"}),
+                      {{"NS.base", Value(Uid{0})}, {"NS.relative", Value(b.add(u"x"))}});
+    const Uid set = b.addDictionary({{b.add(u"NSFont"), font},
+                                     {b.add(u"NSColor"), color},
+                                     {b.add(u"NSParagraphStyle"), style},
+                                     {b.add(u"NSAttachment"), attachment},
+                                     {b.add(u"NSLink"), link}});
+    return b.finish(b.addAttributedString(u"\uFFFC", {set}));
+}
+
+/// An object of a known class that contains itself.
+Data archiveOfKnownCycle() {
+    ArchiveBuilder b;
+    const Uid type = b.addClass({"NSFont", "NSObject"});
+    return b.finish(b.addInstance(
+        type, {{"NSName", Value(b.add(u"F"))}, {"self", Value(Uid{type.index + 2})}}));
+}
+
 Data archiveOfUnkeyed() {
     ArchiveBuilder builder;
     const Uid text = builder.addAttributedString(u"unkeyed");
@@ -161,9 +199,46 @@ std::vector<Seed> keyedArchiveSeeds() {
         {"text-outside", archiveOfFields({{"NSString", Value(Uid{99})}})},
         {"text-is-class", archiveOfFields({{"NSString", Value(Uid{1})}})},
         {"mutable-string", archiveOfMutableString()},
+        {"typed-attributes", archiveOfTypedAttributes()},
+        {"cycle-of-a-font", archiveOfKnownCycle()},
         {"unkeyed", archiveOfUnkeyed()},
         {"null-root", nothing.finish(Uid{0})},
         {"root-outside", nothing.finish(Uid{5})},
+    };
+}
+
+std::vector<Seed> fileWrapperSeeds() {
+    const auto file = [](std::string_view contents) {
+        return platform::FileWrapper::initRegularFileWithContents(Data::copyOf(contents));
+    };
+    const auto alone = file("pixels");
+    alone->setPreferredFilename("a.png");
+    const auto tree = platform::FileWrapper::initDirectoryWithFileWrappers(
+        {{"TXT.rtf", file("{\\rtf1}")},
+         {"inner", platform::FileWrapper::initDirectoryWithFileWrappers({{"deep", file("")}})}});
+    constexpr auto kPadded =
+        "rtfd\0\0\0\0\3\0\0\0\1\0\0\0\2\0\0\0..\x13\0\0\0"
+        "\1\0\0\0\0\0\0\x80\2\0\0\0\1\0\0\0\0ab"sv;
+    return {
+        {"file", *alone->serializedRepresentation()},
+        {"tree", *tree->serializedRepresentation()},
+        {"padded", Data::copyOf(kPadded)},
+        {"many-names", Data::copyOf("rtfd\0\0\0\0\3\0\0\0\xFF\xFF\xFF\xFF"sv)},
+        {"empty", Data()},
+    };
+}
+
+std::vector<Seed> markedUpTextSeeds() {
+    return {
+        {"plain", Data::copyOf("plain { text }\n"sv)},
+        {"marks", Data::copyOf("{{font \"Times New Roman\" 12.5}}a{{underline}}b{{/underline}}"
+                               "{{/font}}{{color 1 0 0.5 0.25}}c{{/color}}{{align center}}d"
+                               "{{/align}}{{link x}}e{{/link}}"sv)},
+        {"tag",
+         Data::copyOf("{{tag Pause AcmePause n=-3 x=1.5 on=true label=\"a b\"}}w{{/tag}}"sv)},
+        {"attachment", Data::copyOf("{{attach a.png}}"sv)},
+        {"plain-braces", Data::copyOf("\\{{font}} {{"sv)},
+        {"open", Data::copyOf("{{font F 9}}"sv)},
     };
 }
 

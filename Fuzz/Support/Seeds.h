@@ -19,6 +19,8 @@ struct Seed {
 
 [[nodiscard]] std::vector<Seed> propertyListSeeds();
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
+[[nodiscard]] std::vector<Seed> fileWrapperSeeds();
+[[nodiscard]] std::vector<Seed> markedUpTextSeeds();
 [[nodiscard]] std::vector<Seed> textSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
 [[nodiscard]] std::vector<Seed> documentSeeds();

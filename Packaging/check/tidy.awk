@@ -52,10 +52,17 @@ function closure(path,    queue, count, i, j, found, targets, seen, result) {
     return result
 }
 
+# The settings for a file: those of its folder and of all above it.
+function settingsFor(path,    result) {
+    while (sub(/\/?[^\/]*$/, "", path) && path != "") {
+        if ((path "/.clang-tidy") in hashes) result = result hashes[path "/.clang-tidy"] "\n"
+    }
+    return result hashes[".clang-tidy"] "\n"
+}
+
 FNR == NR {
     path = substr($0, 67)
     hashes[path] = $1
-    if (path ~ /(^|\/)\.clang-tidy$/) settings = settings $0 "\n"
     next
 }
 /^ *"command": / { command = valueOf($0) }
@@ -69,7 +76,7 @@ END {
         name = path
         gsub(/\//, "%", name)
         listing = listings "/" name
-        printf "%s%s%s", commands[path], settings, closure(path) > listing
+        printf "%s%s%s", commands[path], settingsFor(path), closure(path) > listing
         close(listing)
     }
     for (path in hashes) {

@@ -181,14 +181,15 @@ std::string FileWrapper::addFileWrapper(std::shared_ptr<FileWrapper> child) {
     if (child == nullptr || child.get() == this || !child->preferredFilename()) {
         raise(InvalidArgumentException("a child of a folder needs a wrapper and a preferred name"));
     }
-    std::string key = children.addUnderFreeKey(*child->preferredFilename(), child);
-    child->addParent(weak_from_this());
+    FileWrapper& added = *child;
+    std::string key = children.addUnderFreeKey(*added.preferredFilename(), std::move(child));
+    added.addParent(weak_from_this());
     return key;
 }
 
 void FileWrapper::removeFileWrapper(const std::shared_ptr<FileWrapper>& child) {
     FileWrapperChildren& children = directory("removeFileWrapper").children;
-    // The argument may be the very entry that goes.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be the entry that goes.
     const std::shared_ptr<FileWrapper> held = child;
     if (held != nullptr && children.remove(*held)) {
         held->removeParent(*this);

@@ -141,7 +141,8 @@ bool FileWrapper::writeChildren(const std::string& path, UpdateFilenames updateF
         return refuse(errno, path);
     }
     for (const auto& [key, child] : fileWrappers()) {
-        const std::string childPath = path + "/" + key;
+        std::string childPath = path;
+        childPath.append("/").append(key);
         if (!isFileName(key)) {
             return refuse(EINVAL, childPath);
         }

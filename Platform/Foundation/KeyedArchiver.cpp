@@ -1,6 +1,8 @@
 #include "Platform/Foundation/KeyedArchiver.h"
 
+#include <array>
 #include <bit>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -9,6 +11,7 @@
 #include "Platform/Foundation/KeyedArchiveTable.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/NameTable.h"
+#include "Platform/Foundation/PreservedObject.h"
 
 namespace platform {
 namespace {
@@ -27,9 +30,14 @@ std::string nameOf(char kind, const Bytes& bytes) {
     return name;
 }
 
+/// Names a thing by where it lies.
+std::string nameOfPlace(char kind, const void* place) {
+    return nameOf(kind, reinterpret_cast<std::uintptr_t>(place));
+}
+
 std::string nameOfString(const std::u16string& text) {
     if (text.size() > kLongestCompared) {
-        return nameOf('L', &text);
+        return nameOfPlace('L', &text);
     }
     std::string name(1 + text.size() * sizeof(char16_t), 'S');
     std::memcpy(name.data() + 1, text.data(), text.size() * sizeof(char16_t));
@@ -37,7 +45,17 @@ std::string nameOfString(const std::u16string& text) {
 }
 
 std::string nameOfData(const Data& data) {
-    return nameOf('B', std::pair(data.bytes(), data.size()));
+    return nameOf('B', std::array{reinterpret_cast<std::uintptr_t>(data.bytes()),
+                                  std::uintptr_t{data.size()}});
+}
+
+/// The object itself, or where it came from an archive what it was there: others in that archive
+/// may name it so.
+const Object* identityOf(const Object* object) {
+    const auto* const preserved = dynamic_cast<const PreservedObject*>(object);
+    return preserved != nullptr && preserved->archivedForm() != nullptr
+               ? preserved->archivedForm().get()
+               : object;
 }
 
 /// What tells a value from others, so that it is written once.
@@ -57,11 +75,11 @@ std::string nameOfValue(const Value& value) {
         case ValueKind::String:
             return nameOfString(*value.string());
         case ValueKind::Array:
-            return nameOf('A', value.array());
+            return nameOfPlace('A', value.array());
         case ValueKind::Dictionary:
-            return nameOf('M', value.dictionary());
+            return nameOfPlace('M', value.dictionary());
         default:
-            return nameOf('O', value.object().get());
+            return nameOfPlace('O', identityOf(value.object().get()));
     }
 }
 

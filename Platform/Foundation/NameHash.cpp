@@ -32,6 +32,7 @@ std::uint64_t asFactor(std::uint64_t secret) {
 NameHash::NameHash() : point_(0), factor_(0) {
     std::uint64_t secret[2] = {0x9E3779B97F4A7C15, 0xC2B2AE3D27D4EB4F};
     // The kernel hands 16 random bytes to each process at its start.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): it tells their address as an integer.
     if (const auto* random = reinterpret_cast<const void*>(::getauxval(AT_RANDOM))) {
         std::memcpy(secret, random, sizeof secret);
     }

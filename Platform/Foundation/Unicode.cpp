@@ -47,7 +47,7 @@ char32_t decodeLongForm(std::string_view text, std::size_t& position) {
 std::size_t asciiRunLength(std::string_view text, std::size_t position) {
     const std::size_t start = position;
     while (text.size() - position >= sizeof(std::uint64_t)) {
-        std::uint64_t eight;
+        std::uint64_t eight = 0;
         std::memcpy(&eight, text.data() + position, sizeof eight);
         if ((eight & 0x8080808080808080u) != 0) {
             break;

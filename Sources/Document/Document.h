@@ -160,6 +160,8 @@ public:
         const ZipWrapper& zipWrapper) override;
 
 private:
+    friend class DocumentTestPeer;
+
     [[nodiscard]] bool readPackage(const std::string& path, platform::ErrorLocation error);
     void readText(const platform::FileWrapper& member);
     void registerUndoOfText();

@@ -73,7 +73,7 @@ TEST(ContentTypes, AFolderIsWhatItsNameSays) {
 TEST(ContentTypes, TheEndOfALongArchiveCounts) {
     const test::TemporaryFolder folder;
     std::string archive("PK\3\4", 4);
-    archive.resize(200 * 1024, 'x');
+    archive.resize(std::size_t{200} * 1024, 'x');
     std::string header("PK\1\2", 4);
     header.resize(46, '\0');
     header[28] = 14;

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,9 +13,28 @@
 #include <cstdlib>
 #include <string>
 
-#include "Tests/Support/Bounds.h"
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define PV_TEST_HAS_SHADOW_MEMORY 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define PV_TEST_HAS_SHADOW_MEMORY 1
+#endif
+#endif
 
 namespace test {
+
+/// Bounds the calling process from here on: so many seconds of processor time and, where no
+/// sanitizer needs the address space for itself, so many bytes of it.
+inline void boundProcess(rlim_t seconds, rlim_t bytes) {
+    const rlimit time{seconds, seconds};
+    setrlimit(RLIMIT_CPU, &time);
+#ifndef PV_TEST_HAS_SHADOW_MEMORY
+    const rlimit space{bytes, bytes};
+    setrlimit(RLIMIT_AS, &space);
+#else
+    static_cast<void>(bytes);
+#endif
+}
 
 /// Returns the string that `work` returns in a child of this process, bounded to so many seconds of
 /// processor time and so many bytes of address space; "signal 9" and the like when the child dies.

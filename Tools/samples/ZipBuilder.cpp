@@ -12,7 +12,6 @@ namespace samples {
 
 using parlavox::SDirectory;
 using parlavox::SFileHeader;
-using parlavox::SLocalFileHeader;
 using platform::Data;
 using platform::OutputStream;
 

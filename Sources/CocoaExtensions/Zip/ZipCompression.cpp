@@ -27,7 +27,7 @@ int deflateWhole(z_stream& stream) {
     if (code != Z_OK || stream.avail_out != 0) {
         return code;
     }
-    Bytef spare;
+    Bytef spare = 0;
     stream.next_out = &spare;
     stream.avail_out = 1;
     const bool isWhole = deflate(&stream, Z_FINISH) == Z_STREAM_END && stream.avail_out == 1;

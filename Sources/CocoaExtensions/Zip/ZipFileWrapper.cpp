@@ -8,7 +8,6 @@ namespace parlavox {
 
 using platform::Data;
 using platform::FileManager;
-using platform::FileWrapper;
 
 std::shared_ptr<ZipFileWrapper> ZipFileWrapper::initWithPath(std::optional<std::string> path) {
     auto wrapper = std::make_shared<ZipFileWrapper>(Creation());

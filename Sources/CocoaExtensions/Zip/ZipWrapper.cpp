@@ -112,8 +112,8 @@ std::shared_ptr<ZipWrapper> ZipWrapper::initRegularFileWithContents(std::optiona
                                                                                   : nullptr;
 }
 
-std::shared_ptr<ZipWrapper> ZipWrapper::initWithInputStream(std::shared_ptr<InputStream> stream,
-                                                            Delegate withDelegate) {
+std::shared_ptr<ZipWrapper> ZipWrapper::initWithInputStream(
+    const std::shared_ptr<InputStream>& stream, Delegate withDelegate) {
     platform::clearFailure();
     const auto wrapper = make();
     return wrapper->initWithStreamContents(stream.get(), std::move(withDelegate)) ? wrapper

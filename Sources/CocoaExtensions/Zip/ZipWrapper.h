@@ -78,7 +78,7 @@ public:
     ///
     /// Selector: initWithInputStream:withDelegate:
     [[nodiscard]] static std::shared_ptr<ZipWrapper> initWithInputStream(
-        std::shared_ptr<platform::InputStream> stream, Delegate withDelegate);
+        const std::shared_ptr<platform::InputStream>& stream, Delegate withDelegate);
 
     /// Returns an archive of `data`. Called directly, no size is known, so the archive reads as
     /// empty. Never null unless the data is absent ("data != nil").

@@ -18,7 +18,6 @@ namespace parlavox {
 
 using platform::Buffer;
 using platform::Data;
-using platform::Range;
 
 namespace {
 

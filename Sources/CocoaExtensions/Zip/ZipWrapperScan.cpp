@@ -176,7 +176,7 @@ void ZipWrapper::scanInsteadOfDirectory(std::uint32_t declaredEntriesCount,
 void ZipWrapper::scanZipFileInConsecutiveOrderWithDeclaredEntriesCount(
     std::uint32_t, std::uint32_t searchEndPosition) {
     std::uint64_t position = 0;
-    while (position != platform::kNotFound && position <= searchEndPosition) {
+    while (position <= searchEndPosition) {
         position = scanEntryAt(position);
     }
 }
@@ -186,10 +186,8 @@ std::uint64_t ZipWrapper::scanEntryAt(std::uint64_t position) {
     FLReadSLocalFileHeader(&header, archiveBytes({position, kLocalFileHeaderSize}).bytes());
     if (header.Signature != kLocalFileHeaderSignature) {
         static constexpr std::string_view kSignatureBytes = "PK\3\4";
+        // A search in blocks of this size finds a place or raises.
         position = rangeOfData(Data::copyOf(kSignatureBytes), {position, 0}).location;
-        if (position == platform::kNotFound) {
-            return position;
-        }
         FLReadSLocalFileHeader(&header, archiveBytes({position, kLocalFileHeaderSize}).bytes());
     }
     if (header.VersionToExtract != kOwnVersionToExtract) {

@@ -6,7 +6,7 @@
 
 static Boolean importBadFile(CFMutableDictionaryRef attributes) {
     char name[4096];
-    FILE* file;
+    FILE* file = NULL;
     volatile int forever = 1;
     (void)attributes;
     snprintf(name, sizeof name, "%s/left-behind", getenv("TMPDIR"));

@@ -13,7 +13,7 @@ enum { SIZE = 600 * 1024 };
 static void writeFile(const char* name) {
     static char zeros[SIZE];
     char path[4096];
-    FILE* file;
+    FILE* file = NULL;
     snprintf(path, sizeof path, "%s/%s", getenv("TMPDIR"), name);
     if (access(path, F_OK) == 0) {
         exit(7);

@@ -53,6 +53,7 @@ static Boolean importData(void* instance, CFMutableDictionaryRef attributes, CFS
 
 __attribute__((visibility("default"))) void* FACTORY_NAME(CFAllocatorRef allocator, CFUUIDRef type);
 
+// NOLINTNEXTLINE(misc-definitions-in-headers): each importer is one source that includes it once
 void* FACTORY_NAME(CFAllocatorRef allocator, CFUUIDRef type) {
     static const MDImporterInterfaceStruct table = {NULL, query, count, count, importData};
     static MetadataImporterPluginType instance = {&table, NULL, 1};

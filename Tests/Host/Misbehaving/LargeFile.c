@@ -9,7 +9,7 @@ enum { BLOCK = 1 << 20 };
 static Boolean importBadFile(CFMutableDictionaryRef attributes) {
     static char zeros[BLOCK];
     char path[4096];
-    FILE* file;
+    FILE* file = NULL;
     (void)attributes;
     snprintf(path, sizeof path, "%s/large", getenv("TMPDIR"));
     file = fopen(path, "w");

@@ -280,6 +280,60 @@ TEST(CFBundle, DamagedListsCountAsEmpty) {
     }
 }
 
+TEST(CFBundle, FolderWithoutAListIsABundle) {
+    const BundleFolder folder;
+    folder.putPlugIn("X.plug/Contents/Linux/X");
+    const auto bundle = folder.open("X.plug");
+    ASSERT_NE(bundle, nullptr);
+    EXPECT_EQ(CFDictionaryGetCount(CFBundleGetInfoDictionary(bundle.get())), 0);
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle.get())) << "the code is named after the folder";
+    EXPECT_TRUE(CFBundleLoadExecutable(bundle.get())) << "it is there already";
+    CFBundleUnloadExecutable(bundle.get());
+    EXPECT_FALSE(CFBundleIsExecutableLoaded(bundle.get()));
+}
+
+TEST(CFBundle, EmptyExecutableNameCountsAsNone) {
+    const BundleFolder folder;
+    folder.makePlugIn("X.plug", plugInInfo("<key>CFBundleExecutable</key><string></string>"));
+    const auto bundle = folder.open("X.plug");
+    EXPECT_EQ(pathOf(own(CFBundleCopyExecutableURL(bundle.get())).get()),
+              folder.path("X.plug/Contents/Linux/X"));
+}
+
+TEST(CFBundle, ExecutableNameThatHoldsNulNamesNoFile) {
+    // A binary list that names "X", NUL, "Y".
+    constexpr std::string_view kList =
+        "bplist00\xD1\x01\x02\x5F\x10\x12"
+        "CFBundleExecutable\x53X\0Y\x08\x0B\x20"
+        "\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x24"sv;
+    const BundleFolder folder;
+    folder.write("X.plug/Contents/Info.plist", kList);
+    folder.putPlugIn("X.plug/Contents/Linux/X");
+    const auto bundle = folder.open("X.plug");
+    EXPECT_EQ(CFDictionaryGetCount(CFBundleGetInfoDictionary(bundle.get())), 1);
+    EXPECT_EQ(CFBundleCopyExecutableURL(bundle.get()), nullptr);
+    EXPECT_FALSE(CFBundleLoadExecutable(bundle.get()));
+}
+
+TEST(CFBundle, ReferencesOfAnArchiveAreDictionaries) {
+    // A binary list of one entry, "u", with the reference 5.
+    constexpr std::string_view kList =
+        "bplist00\xD1\x01\x02\x51u\x80\x05\x08\x0B\x0D"
+        "\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x0F"sv;
+    const BundleFolder folder;
+    folder.write("X.plug/Info.plist", kList);
+    const auto bundle = folder.open("X.plug");
+    const auto* const reference = static_cast<CFDictionaryRef>(
+        CFDictionaryGetValue(CFBundleGetInfoDictionary(bundle.get()), CFSTR("u")));
+    ASSERT_NE(reference, nullptr);
+    ASSERT_EQ(CFGetTypeID(reference), CFDictionaryGetTypeID());
+    SInt64 index = 0;
+    EXPECT_TRUE(
+        CFNumberGetValue(static_cast<CFNumberRef>(CFDictionaryGetValue(reference, CFSTR("CF$UID"))),
+                         kCFNumberSInt64Type, &index));
+    EXPECT_EQ(index, 5);
+}
+
 TEST(CFBundle, RefusesWhatIsNoCode) {
     const BundleFolder folder;
     folder.write("X.plug/Contents/Info.plist", plugInInfo());

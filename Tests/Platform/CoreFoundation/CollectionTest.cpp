@@ -12,6 +12,7 @@ using namespace std::string_view_literals;
 using test::makeString;
 using test::own;
 using test::Ref;
+using test::unitsOf;
 using test::utf8Of;
 
 Ref<CFMutableDictionaryRef> makeDictionary() {
@@ -146,6 +147,33 @@ TEST(CFDictionary, MadeOfPairsKeepsTheFirstOfEqualKeys) {
                                &kCFTypeDictionaryValueCallBacks));
     EXPECT_EQ(CFDictionaryGetCount(dictionary.get()), 1);
     EXPECT_EQ(CFDictionaryGetValue(dictionary.get(), CFSTR("k")), CFSTR("first"));
+}
+
+TEST(CFDictionary, KeepsTheKeyThatItsCallBackAnswers) {
+    CFDictionaryKeyCallBacks copying = kCFTypeDictionaryKeyCallBacks;
+    copying.retain = [](CFAllocatorRef, const void* key) -> const void* {
+        return makeString(unitsOf(static_cast<CFStringRef>(key))).release();
+    };
+    const auto dictionary =
+        own(CFDictionaryCreateMutable(nullptr, 0, &copying, &kCFTypeDictionaryValueCallBacks));
+    const auto key = makeString("a key"sv);
+    CFDictionarySetValue(dictionary.get(), key.get(), CFSTR("value"));
+    EXPECT_EQ(CFGetRetainCount(key.get()), 1) << "the dictionary has a copy";
+    EXPECT_EQ(CFDictionaryGetValue(dictionary.get(), key.get()), CFSTR("value"));
+    const void* kept = nullptr;
+    CFDictionaryGetKeysAndValues(dictionary.get(), &kept, nullptr);
+    EXPECT_NE(kept, key.get());
+    EXPECT_TRUE(CFEqual(kept, key.get()));
+}
+
+TEST(CFArray, OfAnyPointersNeitherOwnsNorComparesWhatTheyPointAt) {
+    const int numbers[] = {1, 1};
+    const void* first[] = {&numbers[0]};
+    const void* second[] = {&numbers[1]};
+    const auto array = own(CFArrayCreate(nullptr, first, 1, nullptr));
+    EXPECT_EQ(CFArrayGetValueAtIndex(array.get(), 0), &numbers[0]);
+    EXPECT_TRUE(CFEqual(array.get(), own(CFArrayCreate(nullptr, first, 1, nullptr)).get()));
+    EXPECT_FALSE(CFEqual(array.get(), own(CFArrayCreate(nullptr, second, 1, nullptr)).get()));
 }
 
 TEST(CFArray, OwnsItsValuesInOrder) {

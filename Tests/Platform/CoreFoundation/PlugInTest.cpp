@@ -19,7 +19,6 @@ using test::makeString;
 using test::own;
 using test::plugInInfo;
 using test::Ref;
-using test::utf8Of;
 
 /// The table of the test plug-in's instances.
 struct Table {
@@ -172,6 +171,19 @@ std::string lowerCase(std::string text) {
     return text;
 }
 
+/// A list whose type names another factory `count` times before it names the test's own.
+std::string infoOfManyNames(int count) {
+    const std::string other = kOther;
+    std::string names;
+    for (int i = 0; i < count; ++i) {
+        names += "<string>" + other + "</string>";
+    }
+    return info("<key>CFPlugInFactories</key><dict><key>" + other +
+                    "</key><string>G</string><key>" TEST_PLUGIN_FACTORY
+                    "</key><string>F</string></dict>",
+                typeEntry("<array>" + names + "<string>" TEST_PLUGIN_FACTORY "</string></array>"));
+}
+
 struct RegistrationRow {
     const char* name;
     std::string info;
@@ -192,6 +204,12 @@ const RegistrationRow kRegistrationRows[] = {
      info(factoryEntry(lowerCase(TEST_PLUGIN_FACTORY), "F"),
           typeEntry("<string>" + lowerCase(TEST_PLUGIN_FACTORY) + "</string>")),
      1, true},
+    {"text beyond ASCII after the digits",
+     info(factoryEntry(TEST_PLUGIN_FACTORY "\u00E9", "F"),
+          typeEntry("<string>" TEST_PLUGIN_FACTORY "\u2026</string>")),
+     1, true},
+    {"named behind more factories than a plug-in may name", infoOfManyNames(10000), 1, true},
+    {"named as the last that a plug-in may name", infoOfManyNames(9999), 2, true},
     {"named twice",
      info(kFactory, typeEntry("<array><string>" TEST_PLUGIN_FACTORY
                               "</string><string>" TEST_PLUGIN_FACTORY "</string></array>")),

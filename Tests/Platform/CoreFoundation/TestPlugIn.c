@@ -62,7 +62,7 @@ EXPORTED void* TestPlugInFactory(CFAllocatorRef allocator, CFUUIDRef typeUUID);
 EXPORTED int TestPlugInMarker(void);
 
 void* TestPlugInFactory(CFAllocatorRef allocator, CFUUIDRef typeUUID) {
-    Instance* instance;
+    Instance* instance = NULL;
     (void)allocator;
     if (!CFEqual(typeUUID, TEST_PLUGIN_TYPE_UUID)) {
         return NULL;

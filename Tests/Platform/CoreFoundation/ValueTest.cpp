@@ -41,6 +41,53 @@ TEST(CFType, TellsTypesApart) {
     EXPECT_FALSE(CFEqual(number.get(), kCFBooleanTrue));
 }
 
+TEST(CFType, EqualObjectsHaveTheSameHash) {
+    const UInt8 bytes[] = {1, 2};
+    const auto makeData = [&] {
+        return own(CFDataCreate(nullptr, bytes, sizeof bytes));
+    };
+    const auto makeDate = [] {
+        return own(CFDateCreate(nullptr, -0.5));
+    };
+    const auto makePlace = [] {
+        return makeURL("/tmp/caf\u00E9", false);
+    };
+    const auto makeIdentifier = [] {
+        return own(CFUUIDCreateFromString(nullptr, CFSTR("0102030405060708090A0B0C0D0E0F10")));
+    };
+    EXPECT_EQ(CFHash(makeData().get()), CFHash(makeData().get()));
+    EXPECT_EQ(CFHash(makeDate().get()), CFHash(makeDate().get()));
+    EXPECT_EQ(CFHash(makePlace().get()), CFHash(makePlace().get()));
+    EXPECT_EQ(CFHash(makeIdentifier().get()), CFHash(makeIdentifier().get()));
+    EXPECT_EQ(CFHash(makeString("caf\u00E9"sv).get()), CFHash(makeString("caf\u00E9"sv).get()));
+    EXPECT_EQ(CFHash(kCFBooleanTrue), CFHash(CFRetain(kCFBooleanTrue)));
+    EXPECT_NE(CFHash(kCFBooleanTrue), CFHash(kCFBooleanFalse)) << "objects, not values";
+}
+
+TEST(CFType, EveryObjectTellsItsOwnType) {
+    const UInt8 byte = 0;
+    const auto data = own(CFDataCreate(nullptr, &byte, 1));
+    const auto date = own(CFDateCreate(nullptr, 0));
+    const auto array = own(CFArrayCreate(nullptr, nullptr, 0, nullptr));
+    const auto dictionary = own(CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr));
+    const auto uuid = own(CFUUIDCreate(nullptr));
+    const auto url = makeURL("/", true);
+    const struct {
+        CFTypeRef object;
+        CFTypeID type;
+    } kRows[] = {
+        {data.get(), CFDataGetTypeID()},   {date.get(), CFDateGetTypeID()},
+        {array.get(), CFArrayGetTypeID()}, {dictionary.get(), CFDictionaryGetTypeID()},
+        {uuid.get(), CFUUIDGetTypeID()},   {url.get(), CFURLGetTypeID()},
+    };
+    for (const auto& row : kRows) {
+        EXPECT_EQ(CFGetTypeID(row.object), row.type);
+        for (const auto& other : kRows) {
+            EXPECT_EQ(row.type == other.type, &row == &other) << "no two types have one number";
+        }
+    }
+}
+
 TEST(CFBoolean, HasTwoValuesThatNeverGo) {
     CFRelease(kCFBooleanTrue);
     CFRelease(kCFBooleanTrue);
@@ -174,6 +221,21 @@ TEST(CFURL, RelativePathsAreTakenFromTheCurrentFolder) {
               (std::filesystem::current_path() / "some.txt").string());
     EXPECT_EQ(utf8Of(own(CFURLCopyFileSystemPath(url.get(), kCFURLPOSIXPathStyle)).get()),
               "some.txt");
+}
+
+TEST(CFURL, IsMadeOfTextInThePosixStyleAlone) {
+    const auto make = [](std::u16string_view path, CFURLPathStyle style) {
+        return own(CFURLCreateWithFileSystemPath(nullptr, makeString(path).get(), style, false));
+    };
+    const auto url = make(u"/tmp/caf\u00E9 \U0001F600", kCFURLPOSIXPathStyle);
+    ASSERT_NE(url, nullptr);
+    EXPECT_EQ(utf8Of(own(CFURLCopyFileSystemPath(url.get(), kCFURLPOSIXPathStyle)).get()),
+              "/tmp/caf\u00E9 \U0001F600");
+    EXPECT_EQ(make(u"/tmp", 1), nullptr) << "another style";
+    const char16_t lone[] = {u'/', 0xD800, u'a'};
+    EXPECT_EQ(make({lone, 3}, kCFURLPOSIXPathStyle), nullptr) << "a lone surrogate has no bytes";
+    EXPECT_EQ(CFURLCreateWithFileSystemPath(nullptr, nullptr, kCFURLPOSIXPathStyle, false),
+              nullptr);
 }
 
 TEST(CFURL, OnlyUtf8PathsBecomeStrings) {

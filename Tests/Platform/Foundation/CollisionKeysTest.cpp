@@ -12,7 +12,7 @@ namespace {
 class Folder {
 public:
     std::string add(const std::string& name) {
-        const std::string key = keys_.keyForName(
+        std::string key = keys_.keyForName(
             name, [this](const std::string& candidate) { return taken.contains(candidate); });
         taken.insert(key);
         return key;

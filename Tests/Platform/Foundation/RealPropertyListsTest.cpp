@@ -10,7 +10,7 @@
 
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
-#include "Tests/Support/Bounds.h"
+#include "Tests/Support/BoundedChild.h"
 #include "Tests/Support/Fixtures.h"
 #include "Tests/Support/PropertyListJson.h"
 #include "Tests/Support/TestData.h"
@@ -112,20 +112,21 @@ TEST(RealPropertyLists, EveryFileHasARow) {
 }
 
 TEST(RealPropertyLists, AreReadWithinBounds) {
-    const auto readAll = [] {
-        constexpr rlim_t kSeconds = 60;
-        constexpr rlim_t kBytes = rlim_t{512} << 20;
-        test::boundProcess(kSeconds, kBytes);
+    constexpr rlim_t kSeconds = 60;
+    constexpr rlim_t kMemory = rlim_t{512} << 20;
+    const std::string result = test::resultOfChild(kSeconds, kMemory, [] {
+        std::string readOtherwise;
         const Json rows = verdicts();
         for (const auto& [name, row] : rows.items()) {
             const auto path = test::fixturePath("plist/" + name);
-            if (path && static_cast<bool>(read(contentsOf(*path))) != (row["verdict"] == "read")) {
-                std::_Exit(1);
+            const bool isRead = row["verdict"] == "read";
+            if (path && static_cast<bool>(read(contentsOf(*path))) != isRead) {
+                readOtherwise += name + " ";
             }
         }
-        std::_Exit(0);
-    };
-    EXPECT_EXIT(readAll(), testing::ExitedWithCode(0), "");
+        return "read otherwise: " + readOtherwise;
+    });
+    EXPECT_EQ(result, "read otherwise: ");
 }
 
 }  // namespace

@@ -33,6 +33,18 @@ using samples::ZipBuilder;
 
 const Error kUntouched{"earlier", 7, "kept"};
 
+}  // namespace
+
+/// Reaches a step of reading that only a broken disk would show.
+class DocumentTestPeer {
+public:
+    static void readText(Document& document, const platform::FileWrapper& member) {
+        document.readText(member);
+    }
+};
+
+namespace {
+
 /// What reading a package gave.
 struct Reading {
     bool wasRead = false;
@@ -253,6 +265,21 @@ TEST_F(DocumentReading, DamagedTextRaisesInsteadOfTurningEmpty) {
     }
 }
 
+TEST_F(DocumentReading, TextWhoseBytesCannotBeHadRaises) {
+    class Unreadable final : public platform::FileWrapper {
+    public:
+        static std::shared_ptr<Unreadable> make() {
+            return std::make_shared<Unreadable>(Creation());
+        }
+        explicit Unreadable(Creation key) : FileWrapper(key) { initRegular(); }
+        std::optional<Data> regularFileContents() const override { return std::nullopt; }
+    };
+    const auto document = Document::init();
+    EXPECT_THROW(DocumentTestPeer::readText(*document, *Unreadable::make()),
+                 platform::UnarchiveException);
+    EXPECT_STREQ(platform::lastFailure(), "text.plist: contents that can't be read");
+}
+
 TEST_F(DocumentReading, DamagedArchiveRaises) {
     ZipBuilder zip;
     zip.add("contents.plist", samples::contentsPlist());
@@ -313,7 +340,7 @@ TEST_F(DocumentReading, EveryPrefixOfAGoodPackageIsRefused) {
 
 TEST_F(DocumentReading, TextOfMoreThanTenMebibytesIsRead) {
     std::u16string text;
-    while (text.size() < 11 * 1024 * 1024) {
+    while (text.size() < std::size_t{11} * 1024 * 1024) {
         text += u"lighthouse ";
     }
     const Reading reading = read(samples::package(samples::archiveOfText(text)));

@@ -54,7 +54,7 @@ static int isPlugInMapped(void) {
 }
 
 static CFBundleRef openBundle(const char* path) {
-    CFBundleRef bundle;
+    CFBundleRef bundle = NULL;
     CFURLRef url = CFURLCreateFromFileSystemRepresentation(kCFAllocatorDefault, (const UInt8*)path,
                                                            (CFIndex)strlen(path), 1);
     bundle = CFBundleCreate(kCFAllocatorDefault, url);
@@ -97,7 +97,7 @@ static void checkIdentifiers(void) {
 static void checkFactory(CFBundleRef bundle) {
     void* (*factory)(CFAllocatorRef, CFUUIDRef) = NULL;
     void* const bytes = functionNamed(bundle, CFSTR("MetadataImporterPluginFactory"));
-    void* instance;
+    void* instance = NULL;
     memcpy(&factory, &bytes, sizeof factory);
     CHECK(factory(kCFAllocatorDefault, FOREIGN_UUID) == NULL);
     CHECK(factory(kCFAllocatorDefault, IUnknownUUID) == NULL);
@@ -143,8 +143,8 @@ static CFMutableDictionaryRef makeAttributes(void) {
 static Boolean import(void* instance, CFMutableDictionaryRef attributes, const char* samples,
                       const char* name) {
     char text[4096];
-    Boolean wasRead;
-    CFStringRef path;
+    Boolean wasRead = 0;
+    CFStringRef path = NULL;
     snprintf(text, sizeof text, "%s/%s", samples, name);
     path = CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8);
     wasRead = tableOf(instance)->ImporterImportData(instance, attributes, OWN_TYPE, path);
@@ -155,7 +155,7 @@ static Boolean import(void* instance, CFMutableDictionaryRef attributes, const c
 // Expects `want`, in UTF-8, as the text of the sample, and nothing but the text.
 static void checkText(void* instance, const char* samples, const char* name, const char* want) {
     CFMutableDictionaryRef attributes = makeAttributes();
-    CFStringRef text;
+    CFStringRef text = NULL;
     CFStringRef expected =
         CFStringCreateWithCString(kCFAllocatorDefault, want, kCFStringEncodingUTF8);
     CHECK(import(instance, attributes, samples, name) == 1);
@@ -169,7 +169,7 @@ static void checkText(void* instance, const char* samples, const char* name, con
 // Expects the importer's line for people to have `reason` in it.
 static void checkReason(CFBundleRef bundle, const char* name, const char* reason) {
     LastFailureFunction lastFailure = NULL;
-    const char* line;
+    const char* line = NULL;
     void* const bytes = functionNamed(bundle, CFSTR("ParlavoxImporterLastFailure"));
     memcpy(&lastFailure, &bytes, sizeof lastFailure);
     line = lastFailure();

@@ -66,7 +66,7 @@ Json outcomeOf(const std::string& path) {
 /// be written there, which is a full disk to the archive: it keeps such entries in memory.
 Json outcomeWithinBounds(const std::string& path) {
     constexpr rlim_t kSeconds = 60;
-    constexpr rlim_t kMemory = rlim_t{1} << 30;
+    constexpr rlim_t kMemory = rlim_t{512} << 20;
     constexpr rlim_t kLargestFile = rlim_t{1} << 20;
     const std::string outcome = test::resultOfChild(kSeconds, kMemory, [&] {
         const rlimit file{kLargestFile, kLargestFile};

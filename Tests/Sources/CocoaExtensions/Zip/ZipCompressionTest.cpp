@@ -84,13 +84,25 @@ TEST(ZipCompression, BrokenConditionsAreReported) {
     EXPECT_EQ(failureOf(Data(), 6), "deflate fails with code -5") << "no room for any output";
 }
 
+/// A handler that returns and remembers what was broken.
+struct Recorder : platform::AssertionHandler {
+    std::vector<std::string> reasons;
+    void handleFailure(const platform::AssertionFailure& failure) override {
+        reasons.push_back(failure.reason());
+    }
+};
+
+TEST(ZipCompression, AbsentDataYieldsNothingWhenTheHandlerReturns) {
+    Recorder recorder;
+    const platform::AssertionHandlerScope scope(recorder);
+    EXPECT_EQ(compressed(std::nullopt, 11), std::nullopt);
+    EXPECT_EQ(recorder.reasons,
+              (std::vector<std::string>{"Invalid parameter not satisfying: data != nil"}))
+        << "the level is not looked at any more";
+}
+
 TEST(ZipCompression, LevelIsUsedAsGivenWhenTheHandlerReturns) {
-    struct Recorder : platform::AssertionHandler {
-        std::vector<std::string> reasons;
-        void handleFailure(const platform::AssertionFailure& failure) override {
-            reasons.push_back(failure.reason());
-        }
-    } recorder;
+    Recorder recorder;
     const platform::AssertionHandlerScope scope(recorder);
     EXPECT_EQ(compressed(Data::copyOf("x"), 11), std::nullopt);
     EXPECT_EQ(recorder.reasons,

@@ -7,6 +7,7 @@
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/Unicode.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tools/samples/ZipBuilder.h"
@@ -88,6 +89,23 @@ TEST(ZipFailure, LongCauseLeavesRoomForTheScans) {
     const std::string line = failureOf(zip.finish());
     EXPECT_TRUE(line.starts_with("scan of local headers (central record 1: nnn")) << line;
     EXPECT_TRUE(line.ends_with(" bytes")) << line;
+}
+
+TEST(ZipFailure, LongCauseIsNotCutInsideACharacter) {
+    for (const std::string prefix : {"", "n"}) {
+        SCOPED_TRACE(prefix);
+        std::string name = prefix;
+        while (name.size() < 600) {
+            name += "\xC3\xA9";
+        }
+        ZipBuilder zip;
+        zip.add(name, "");
+        const std::string line = failureOf(zip.finish());
+        EXPECT_TRUE(platform::utf16FromUtf8(line)) << line;
+        const std::size_t end = line.find("): bytes");
+        ASSERT_NE(end, line.npos) << line;
+        EXPECT_TRUE(line.substr(0, end).ends_with("\xC3\xA9")) << line;
+    }
 }
 
 TEST(ZipFailure, ScanThatEndsQuietlyLeavesTheCauseThatLedToIt) {

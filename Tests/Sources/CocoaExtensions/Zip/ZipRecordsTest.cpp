@@ -9,6 +9,7 @@
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/OutputStream.h"
 #include "Sources/CocoaExtensions/Zip/ZipFileHeader.h"
+#include "Tests/Sources/CocoaExtensions/Zip/RecordingHandler.h"
 
 namespace parlavox {
 namespace {
@@ -166,6 +167,10 @@ TEST(ZipFileHeader, NeedsNameBytes) {
         EXPECT_EQ(failure.file(), "Sources/CocoaExtensions/Zip/ZipWrapper");
         EXPECT_EQ(failure.line(), 39u);
     }
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    EXPECT_EQ(ZipFileHeader::initWithFileHeader({}, std::nullopt), nullptr);
+    EXPECT_EQ(handler.reported, (std::vector<std::string>{"fileNameData != nil @39"}));
 }
 
 }  // namespace

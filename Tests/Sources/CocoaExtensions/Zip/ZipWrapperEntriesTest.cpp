@@ -239,6 +239,10 @@ TEST(ZipWrapperEntries, WritingNeedsAStream) {
         EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 707u);
     }
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    EXPECT_FALSE(Peer::writeEntry(*entry.wrapper, entry.info, nullptr));
+    EXPECT_EQ(handler.reported, (std::vector<std::string>{"stream != nil @707"}));
 }
 
 TEST(ZipWrapperEntries, AddingNeedsAPathAndAFolder) {

@@ -510,6 +510,16 @@ TEST(ZipWrapperEntryPoints, BrokenConditionsNameTheirLines) {
     }
 }
 
+TEST(ZipWrapperReading, NamesThatAreEmptyUpToTheirFirstNulArePassedOver) {
+    ZipBuilder zip;
+    zip.add("a", "x");
+    zip.add(std::string_view("\0lost", 5), "x");
+    zip.add("b", "x");
+    const auto wrapper = open(zip.finish());
+    ASSERT_EQ(wrapper->fileWrappers().size(), 2u);
+    EXPECT_NE(wrapper->fileWrapperForKey("b"), nullptr) << "reading has gone on";
+}
+
 // What an archive answers.
 
 TEST(ZipWrapper, AnswersConstants) {
@@ -537,25 +547,27 @@ TEST(ZipWrapper, HoldsItsDelegate) {
     EXPECT_EQ(open(zip.finish())->delegate(), nullptr);
 }
 
+/// Says that it keeps each child under another key.
+class RenamingFolder final : public FileWrapper {
+public:
+    explicit RenamingFolder(Creation key) : FileWrapper(key) {}
+    static std::shared_ptr<RenamingFolder> init() {
+        auto folder = std::make_shared<RenamingFolder>(Creation());
+        folder->initDirectory();
+        return folder;
+    }
+    std::string addFileWrapper(std::shared_ptr<FileWrapper> child) override {
+        FileWrapper::addFileWrapper(child);
+        return "other key";
+    }
+};
+
 TEST(ZipWrapper, DelegateHearsOfNamesThatChange) {
     struct Delegate final : ZipWrapperDelegate {
         std::vector<std::string> heard;
         void zipWrapperDidChangeFileNameFromToName(const ZipWrapper&, const std::string& from,
                                                    const std::string& toName) override {
             heard.push_back(from + " -> " + toName);
-        }
-    };
-    class RenamingFolder final : public FileWrapper {
-    public:
-        explicit RenamingFolder(Creation key) : FileWrapper(key) {}
-        static std::shared_ptr<RenamingFolder> init() {
-            auto folder = std::make_shared<RenamingFolder>(Creation());
-            folder->initDirectory();
-            return folder;
-        }
-        std::string addFileWrapper(std::shared_ptr<FileWrapper> child) override {
-            FileWrapper::addFileWrapper(child);
-            return "other key";
         }
     };
     const auto delegate = std::make_shared<Delegate>();
@@ -567,6 +579,17 @@ TEST(ZipWrapper, DelegateHearsOfNamesThatChange) {
     EXPECT_TRUE(ZipWrapperTestPeer::insert(
         *wrapper, FileWrapper::initRegularFileWithContents(Data()), "b.txt"));
     EXPECT_EQ(delegate->heard, (std::vector<std::string>{"a.txt -> other key"}));
+}
+
+TEST(ZipWrapper, DelegateMayLeaveNamesThatChangeUnanswered) {
+    struct Delegate final : ZipWrapperDelegate {};
+    const auto wrapper = ZipWrapperTestPeer::unscanned(Data());
+    wrapper->setDelegate(std::make_shared<Delegate>());
+    const auto folder = RenamingFolder::init();
+    EXPECT_TRUE(ZipWrapperTestPeer::insert(*wrapper, folder, "folder"));
+    EXPECT_TRUE(ZipWrapperTestPeer::insert(
+        *wrapper, FileWrapper::initRegularFileWithContents(Data()), "folder/a.txt"));
+    EXPECT_EQ(folder->fileWrappers().size(), 1u);
 }
 
 }  // namespace

@@ -268,6 +268,11 @@ TEST(ZipWrapperSearch, NeedsSomethingToFind) {
         EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 639u);
     }
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    EXPECT_EQ(Peer::rangeOfData(*Peer::unscanned(Data()), std::nullopt, {5, 0}),
+              (Range{kNotFound, 0}));
+    EXPECT_EQ(handler.reported, (std::vector<std::string>{"stringToFind @639"}));
 }
 
 // Names.

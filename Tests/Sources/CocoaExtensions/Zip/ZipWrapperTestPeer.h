@@ -17,7 +17,7 @@ class ZipWrapperTestPeer {
 public:
     /// An archive whose bytes are there and have not been scanned.
     static std::shared_ptr<ZipWrapper> unscanned(std::optional<platform::Data> data) {
-        const auto wrapper = ZipWrapper::initWithData(platform::Data(), nullptr);
+        auto wrapper = ZipWrapper::initWithData(platform::Data(), nullptr);
         wrapper->stackSize_ = data ? static_cast<std::uint32_t>(data->size()) : 0;
         wrapper->inputData_ = std::move(data);
         return wrapper;
