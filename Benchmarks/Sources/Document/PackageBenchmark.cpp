@@ -84,7 +84,7 @@ void compareWithFloor(const Packages& packages, Report& report, const Shape& sha
     checkThatTextsAgree(shape, path);
     const std::string name = shape.name();
     const auto add = [&](const char* kind, auto function) {
-        const std::string full = kind + name;
+        std::string full = kind + name;
         benchmark::RegisterBenchmark(full.c_str(), function, path)->Unit(benchmark::kMillisecond);
         return full;
     };
