@@ -12,6 +12,15 @@ cd "$(dirname "$0")/.."
 
 build=build/coverage
 mkdir -p "$build/html"
+
+# The compiler's notes on sources that are gone by now belong to nobody. Those with __ in their path
+# were compiled from another folder.
+find "$build" -name '*.gcno' ! -path '*/__/*' | while IFS= read -r notes; do
+    source=${notes#"$build"/}
+    source=${source%%/CMakeFiles/*}/${source#*.dir/}
+    [ -e "${source%.gcno}" ] || rm "$notes"
+done
+
 gcovr --root . --object-directory "$build" "$build" \
     --filter "($build/include/[^/]*/)?(Platform|Sources|Host|Tools)/" \
     --exclude-throw-branches --exclude-unreachable-branches \

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Finds what clang-tidy finds, in all sources and the headers that they include.
+# Finds what clang-tidy finds, in all sources and the headers that they include; but for benchmarks,
+# which have a build of their own.
 #
 # A source that was found clean is looked at again only when it changes or what its verdict rests
 # on does: a header of ours, the settings, the way it is compiled. The clean ones are remembered by
@@ -19,7 +20,7 @@ find "$clean" -type f -mtime +60 -delete
 cmake --preset clang --log-level=ERROR >/dev/null
 
 status=0
-our_files | grep -E '\.(h|c|cpp)$|(^|/)\.clang-tidy$' | grep -v '^Tests/Data/' |
+our_files | grep -E '\.(h|c|cpp)$|(^|/)\.clang-tidy$' | grep -Ev '^(Tests/Data|Benchmarks)/' |
     xargs -r -d '\n' sha256sum -- |
     awk -v tree="$tree" -v listings="$listings" -f "$rules" - build/clang/compile_commands.json |
     sort || status=1

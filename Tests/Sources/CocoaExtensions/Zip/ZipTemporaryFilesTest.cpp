@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <limits.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "Platform/Foundation/FileManager.h"
+#include "Sources/CocoaExtensions/Zip/ZipTemporaryFolder.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipTestFolder.h"
 
@@ -83,6 +85,17 @@ TEST(ZipTemporaryFiles, FolderThatCannotBeMadeIsTriedAgain) {
     EXPECT_EQ(ZipWrapper::generatedTempFilePathWithExtension("plist"), std::nullopt);
     setenv("TMPDIR", folder.path().c_str(), 1);
     EXPECT_NE(ZipWrapper::tempFolderPath(), std::nullopt);
+}
+
+TEST(ZipTemporaryFolder, FirstPathThatFitsIsKept) {
+    const ZipTestFolder folder;
+    ZipTemporaryFolder::publish(std::string(PATH_MAX, 'p'));
+    EXPECT_EQ(ZipTemporaryFolder::cachedPath(), nullptr) << "no room for the end of the string";
+    ZipTemporaryFolder::publish("/first");
+    ZipTemporaryFolder::publish("/second");
+    EXPECT_STREQ(ZipTemporaryFolder::cachedPath(), "/first");
+    ZipWrapperTestPeer::forgetTemporaryFolder();
+    EXPECT_EQ(ZipTemporaryFolder::cachedPath(), nullptr);
 }
 
 TEST(ZipTemporaryFiles, FirstCallsAtOnceAllGetAFolder) {

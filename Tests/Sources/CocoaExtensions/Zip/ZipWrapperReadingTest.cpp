@@ -15,6 +15,7 @@
 #include "Sources/CocoaExtensions/Zip/ZipDirectoryWrapper.h"
 #include "Sources/CocoaExtensions/Zip/ZipRecords.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
+#include "Tests/Sources/CocoaExtensions/Zip/RecordingHandler.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipTestFolder.h"
 #include "Tests/Sources/CocoaExtensions/Zip/ZipWrapperTestPeer.h"
 #include "Tools/samples/ZipBuilder.h"
@@ -303,6 +304,16 @@ TEST(ZipWrapperReading, FileInTheWayOfAFolderEndsTheOpening) {
         EXPECT_EQ(failure.file(), kZipSourceFile);
         EXPECT_EQ(failure.line(), 901u);
     }
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    const auto wrapper = ZipWrapperTestPeer::unscanned(Data());
+    const auto file = [] {
+        return FileWrapper::initRegularFileWithContents(Data());
+    };
+    EXPECT_TRUE(ZipWrapperTestPeer::insert(*wrapper, file(), "a"));
+    EXPECT_FALSE(ZipWrapperTestPeer::insert(*wrapper, file(), "a/b"));
+    EXPECT_EQ(wrapper->fileWrappers().size(), 1u);
+    EXPECT_EQ(handler.reported.size(), 1u);
 }
 
 TEST(ZipWrapperReading, DeepPathsAreRead) {
