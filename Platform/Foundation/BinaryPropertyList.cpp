@@ -1,6 +1,7 @@
 #include "Platform/Foundation/BinaryPropertyList.h"
 
 #include <bit>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <utility>
@@ -247,20 +248,22 @@ Outcome BinaryPropertyList::readCounted(std::uint64_t offset, unsigned marker,
     return done();
 }
 
-Result<std::u16string> BinaryPropertyList::stringOf(const BinaryItem& item) const {
+Result<std::shared_ptr<const std::u16string>> BinaryPropertyList::stringOf(
+    const BinaryItem& item) const {
     const std::string_view bytes = bytesOf(item);
     if (item.kind == BinaryKind::AsciiString) {
         if (!isAscii(bytes)) {
             return malformed("string that is not ASCII", item.bytes.location);
         }
-        return utf16FromAscii(bytes);
+        // Made where it stays: texts are long, and short strings are many.
+        return std::make_shared<const std::u16string>(bytes.begin(), bytes.end());
     }
-    std::u16string text(item.count, u'\0');
-    std::memcpy(text.data(), bytes.data(), bytes.size());
-    for (char16_t& unit : text) {
+    const auto text = std::make_shared<std::u16string>(item.count, u'\0');
+    std::memcpy(text->data(), bytes.data(), bytes.size());
+    for (char16_t& unit : *text) {
         unit = static_cast<char16_t>((unit << 8) | (unit >> 8));
     }
-    return text;
+    return std::shared_ptr<const std::u16string>(text);
 }
 
 bool BinaryPropertyList::equalsAscii(const BinaryItem& item, std::string_view ascii) const {

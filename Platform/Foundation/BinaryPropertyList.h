@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -112,7 +113,7 @@ public:
     /// Returns the text of a string object, a Fault when its bytes are not what it says.
     ///
     /// Requires: the item is a string.
-    Result<std::u16string> stringOf(const BinaryItem& item) const;
+    Result<std::shared_ptr<const std::u16string>> stringOf(const BinaryItem& item) const;
 
     /// Whether a string object's text equals `ascii`. False for other objects.
     [[nodiscard]] bool equalsAscii(const BinaryItem& item, std::string_view ascii) const;

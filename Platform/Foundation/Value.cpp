@@ -79,31 +79,33 @@ Value Value::fromUtf8(std::string_view text) {
 }
 
 std::optional<bool> Value::boolean() const {
-    return kind_ == ValueKind::Boolean ? std::optional(bits_ != 0) : std::nullopt;
+    return kind_ == ValueKind::Boolean ? std::optional(bits_[0] != 0) : std::nullopt;
 }
 
 std::optional<std::int64_t> Value::integer() const {
     return kind_ == ValueKind::Integer && !isLarge_
-               ? std::optional(static_cast<std::int64_t>(bits_))
+               ? std::optional(static_cast<std::int64_t>(bits_[0]))
                : std::nullopt;
 }
 
 std::optional<std::uint64_t> Value::unsignedInteger() const {
-    const bool isNegative = !isLarge_ && static_cast<std::int64_t>(bits_) < 0;
-    return kind_ == ValueKind::Integer && !isNegative ? std::optional(bits_) : std::nullopt;
+    if (kind_ != ValueKind::Integer || (!isLarge_ && static_cast<std::int64_t>(bits_[0]) < 0)) {
+        return std::nullopt;
+    }
+    return bits_[0];
 }
 
 std::optional<double> Value::real() const {
-    return kind_ == ValueKind::Real ? std::optional(std::bit_cast<double>(bits_)) : std::nullopt;
+    return kind_ == ValueKind::Real ? std::optional(std::bit_cast<double>(bits_[0])) : std::nullopt;
 }
 
 std::optional<platform::Date> Value::date() const {
-    return kind_ == ValueKind::Date ? std::optional(platform::Date{std::bit_cast<double>(bits_)})
+    return kind_ == ValueKind::Date ? std::optional(platform::Date{std::bit_cast<double>(bits_[0])})
                                     : std::nullopt;
 }
 
 std::optional<platform::Uid> Value::uid() const {
-    return kind_ == ValueKind::Uid ? std::optional(platform::Uid{bits_}) : std::nullopt;
+    return kind_ == ValueKind::Uid ? std::optional(platform::Uid{bits_[0]}) : std::nullopt;
 }
 
 std::optional<std::string> Value::utf8() const {
@@ -155,7 +157,7 @@ bool operator==(const Value& first, const Value& second) {
         case ValueKind::Real:
         case ValueKind::Date:
             // By value: 0 and -0 are equal, what is no number equals nothing.
-            return std::bit_cast<double>(first.bits_) == std::bit_cast<double>(second.bits_);
+            return std::bit_cast<double>(first.bits_[0]) == std::bit_cast<double>(second.bits_[0]);
         case ValueKind::Data:
             return *first.data() == *second.data();
         case ValueKind::String:
@@ -167,7 +169,7 @@ bool operator==(const Value& first, const Value& second) {
         case ValueKind::Object:
             return false;
         default:
-            return first.bits_ == second.bits_;
+            return first.bits_[0] == second.bits_[0];
     }
 }
 

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -67,18 +68,18 @@ enum class ValueKind : std::uint8_t {
 class Value {
 public:
     /// Makes the null value.
-    Value() : bits_(0) {}
-    Value(bool boolean) : kind_(ValueKind::Boolean), bits_(boolean ? 1 : 0) {}
+    Value() : bits_{} {}
+    Value(bool boolean) : kind_(ValueKind::Boolean), bits_{boolean ? 1U : 0U} {}
     Value(std::int64_t integer)
-        : kind_(ValueKind::Integer), bits_(static_cast<std::uint64_t>(integer)) {}
+        : kind_(ValueKind::Integer), bits_{static_cast<std::uint64_t>(integer)} {}
     Value(int integer) : Value(static_cast<std::int64_t>(integer)) {}
     /// An integer that may lie above the signed range.
     Value(std::uint64_t integer)
-        : kind_(ValueKind::Integer), isLarge_((integer >> 63) != 0), bits_(integer) {}
-    Value(double real) : kind_(ValueKind::Real), bits_(std::bit_cast<std::uint64_t>(real)) {}
+        : kind_(ValueKind::Integer), isLarge_((integer >> 63) != 0), bits_{integer} {}
+    Value(double real) : kind_(ValueKind::Real), bits_{std::bit_cast<std::uint64_t>(real)} {}
     Value(platform::Date date)
         : kind_(ValueKind::Date),
-          bits_(std::bit_cast<std::uint64_t>(date.secondsSinceReferenceDate)) {}
+          bits_{std::bit_cast<std::uint64_t>(date.secondsSinceReferenceDate)} {}
     Value(platform::Data data);
     Value(std::u16string string);
     Value(const char16_t* string) : Value(std::u16string(string)) {}
@@ -90,7 +91,7 @@ public:
         : Value(ValueKind::String, std::move(string)) {}
     explicit Value(std::shared_ptr<const platform::Dictionary> dictionary)
         : Value(ValueKind::Dictionary, std::move(dictionary)) {}
-    Value(platform::Uid uid) : kind_(ValueKind::Uid), bits_(uid.index) {}
+    Value(platform::Uid uid) : kind_(ValueKind::Uid), bits_{uid.index} {}
     /// An object; a null pointer makes the null value.
     Value(std::shared_ptr<const platform::Object> object)
         : Value(ValueKind::Object, std::move(object)) {}
@@ -176,7 +177,7 @@ public:
 
 private:
     /// Holds what is shared; nothing shared makes the null value.
-    Value(ValueKind kind, std::shared_ptr<const void> shared) : bits_(0) {
+    Value(ValueKind kind, std::shared_ptr<const void> shared) : bits_{} {
         if (shared != nullptr) {
             kind_ = kind;
             std::construct_at(&shared_, std::move(shared));
@@ -204,8 +205,9 @@ private:
     bool isLarge_ = false;
     // Archives make many values: one of three words is worth its union.
     union {
-        /// The bits of a number, a date or a reference; 0 for null.
-        std::uint64_t bits_;
+        /// The bits of a number, a date or a reference, 0 for null. The second word is there for
+        /// compilers that cannot see that it is not read.
+        std::array<std::uint64_t, 2> bits_;
         /// Whatever is larger, as its kind tells.
         std::shared_ptr<const void> shared_;
     };

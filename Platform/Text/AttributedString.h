@@ -2,7 +2,8 @@
 //
 // Positions and lengths count UTF-16 code units. A run gives one set of attributes to a stretch of
 // the text; sets are immutable and shared. Copies of an attributed string share its characters and
-// runs. Value type; different objects on different threads, one object on one thread at a time.
+// runs.
+// Value type; different objects on different threads, one object on one thread at a time.
 
 #pragma once
 

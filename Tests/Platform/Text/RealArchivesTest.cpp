@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -13,6 +12,7 @@
 #include "Platform/Foundation/KeyedArchiver.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Text/AttributedStringCoding.h"
+#include "Tests/Support/Fixtures.h"
 #include "Tests/Support/GraphJson.h"
 #include "Tests/Support/TestData.h"
 
@@ -23,16 +23,8 @@ using test::GraphJson;
 using test::SharedObjects;
 using Json = GraphJson::Json;
 
-/// Where the archive `name` is: in the tree or among the documents that the environment names;
-/// nothing when this machine does not have it.
 std::optional<std::filesystem::path> pathOf(const std::string& name) {
-    auto path = test::dataPath("keyed-archives/" + name);
-    if (!std::filesystem::exists(path)) {
-        const char* const more = std::getenv("PARLAVOX_FIXTURES");
-        path = std::filesystem::path(more != nullptr ? more : "/nonexistent") / "keyed-archives" /
-               name;
-    }
-    return std::filesystem::exists(path) ? std::optional(path) : std::nullopt;
+    return test::fixturePath("keyed-archives/" + name);
 }
 
 Data contentsOf(const std::filesystem::path& path) {
