@@ -19,7 +19,7 @@ Result<Value> decodeString(const ArchivedObject& object) {
     if (text.string() != nullptr) {
         return text;
     }
-    const Value bytes = PV_TRY(object.objectForKey("NS.bytes"));
+    Value bytes = PV_TRY(object.objectForKey("NS.bytes"));
     if (bytes.data() != nullptr) {
         PV_TRY(object.charge(bytes.data()->size(), sizeof(char16_t)));
         return Value(utf16FromUtf8Lossy(bytes.data()->view()));

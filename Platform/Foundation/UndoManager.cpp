@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-std::u16string titleWith(std::u16string verb, const std::u16string& name) {
+std::u16string titleWith(const std::u16string& verb, const std::u16string& name) {
     return name.empty() ? verb : verb + u" " + name;
 }
 

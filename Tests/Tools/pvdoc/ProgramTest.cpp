@@ -24,7 +24,6 @@ namespace pvdoc {
 namespace {
 
 using platform::Data;
-using platform::Dictionary;
 using platform::Value;
 
 PackOptions packing(const std::string& source, const std::string& target) {
@@ -365,7 +364,7 @@ TEST(Pvdoc, EndsWithTheStatusThatItPromises) {
 TEST(Pvdoc, LeavesNoTemporaryFiles) {
     const test::TemporaryFolder folder;
     const test::TemporaryFolder temporary;
-    folder.write("large.bin", std::string(11 * 1024 * 1024, ' '));
+    folder.write("large.bin", std::string(std::size_t{11} * 1024 * 1024, ' '));
     folder.write("in.txt", "{{attach large.bin}}");
     const std::string document = folder.path("a.parlavox");
     ASSERT_TRUE(pack(packing(folder.path("in.txt"), document)));
