@@ -151,6 +151,10 @@ Outcome ArchivedObject::charge(std::uint64_t count, std::uint64_t size) const {
     return archive().budget.charge(count, size);
 }
 
+BuildBudget& ArchivedObject::budget() const {
+    return archive().budget;
+}
+
 Result<Value> ArchivedObject::opaque() const {
     return archive().opaqueObject(item_, depth_);
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "Platform/Foundation/BinaryPropertyList.h"
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/Result.h"
@@ -97,16 +98,19 @@ public:
     /// against what may be built in all.
     Outcome charge(std::uint64_t count, std::uint64_t size = 1) const;
 
+    /// How many fields the object has beside "$class", which decoders' objects have.
+    [[nodiscard]] std::uint64_t fieldCount() const { return item_.count - 1; }
+
     /// Returns the object as an OpaqueObject.
     Result<Value> opaque() const;
 
     /// Returns what `Type::fromArchived` makes of the object, or where that is null the object as
-    /// an OpaqueObject.
+    /// an OpaqueObject. What it copies is counted: objects may share what they hold.
     template <class Type>
     Result<Value> typed() const {
         Value kept = PV_TRY(opaque());
         const auto archived = std::static_pointer_cast<const OpaqueObject>(kept.object());
-        const auto object = Type::fromArchived(archived);
+        const auto object = PV_TRY(Type::fromArchived(archived, budget()));
         return object != nullptr ? Value(object) : kept;
     }
 
@@ -117,6 +121,7 @@ private:
         : unarchiver_(unarchiver), item_(item), depth_(depth) {}
 
     [[nodiscard]] KeyedUnarchiver::Archive& archive() const { return *unarchiver_.archive_; }
+    [[nodiscard]] BuildBudget& budget() const;
 
     Result<std::optional<std::uint64_t>> valueNumberForKey(std::string_view key) const;
     Result<std::string> keyAt(std::uint64_t position) const;

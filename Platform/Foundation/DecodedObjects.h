@@ -31,7 +31,7 @@ public:
     };
 
     /// `entries` is how many entries the property list has, all numbers are below it; `objects` is
-    /// how many of them can be objects. Memory is written to only for those that are begun.
+    /// how many of them can be objects. Each entry costs four bytes until its object is begun.
     DecodedObjects(std::uint64_t entries, std::uint64_t objects) : places_(entries) {
         entries_.reserve(std::min(entries, objects));
     }

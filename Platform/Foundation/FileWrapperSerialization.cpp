@@ -195,7 +195,7 @@ void appendNumber(std::string& bytes, std::uint64_t number) {
     }
 }
 
-/// Whether a length or size can be said in 32 bits, the mark for padding aside.
+/// Whether a length or size can be said: from 2 GiB on it would look like the mark for padding.
 bool isSayable(std::uint64_t number) {
     return number < kPadded;
 }

@@ -65,8 +65,17 @@ Result<Array> decodeElements(const ArchivedObject& object,
     return array;
 }
 
+/// Whether a collection without elements says something in other fields than its class's own: it is
+/// of a class that only has this one's name among its superclasses.
+bool isForeign(const ArchivedObject& object, std::string_view key) {
+    return !object.containsValueForKey(key) && object.fieldCount() > 0;
+}
+
 Result<Value> decodeArray(const ArchivedObject& object) {
     const auto elements = PV_TRY(object.elements("NS.objects", "NS.object."));
+    if (elements.count() == 0 && isForeign(object, "NS.objects")) {
+        return object.opaque();
+    }
     return Value(PV_TRY(decodeElements(object, elements)));
 }
 
@@ -80,6 +89,9 @@ Result<Value> decodeDictionary(const ArchivedObject& object) {
         return Fault{FaultCode::Malformed, "dictionary of " + std::to_string(keys.count()) +
                                                " keys and " + std::to_string(values.count()) +
                                                " values"};
+    }
+    if (keys.count() == 0 && isForeign(object, "NS.keys")) {
+        return object.opaque();
     }
     PV_TRY(object.charge(keys.count(), sizeof(Dictionary::Entry)));
     if (auto shared = PV_TRY(object.sharedKeys(keys))) {

@@ -1,5 +1,6 @@
 #include "Platform/Foundation/KeyedArchiver.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -114,15 +115,25 @@ public:
             raise(ArchiveException("a reference of another archive cannot be archived"));
         }
         const Value target = followed(value);
+        if (target.isNull()) {
+            return Value(Uid{0});
+        }
         const auto [number, isNew] = known_.add(nameOfValue(target), objects_.size());
-        if (isNew) {
-            objects_.emplace_back();
-            // A name can hold an address, which must stay in use.
-            archived_.push_back(target);
+        if (!isNew) {
+            reach(depth_ + heights_[number]);
+            return Value(Uid{number});
+        }
+        addEntry();
+        // A name can hold an address, which must stay in use.
+        archived_.push_back(target);
+        const unsigned outerDeepest = std::exchange(deepest_, depth_);
+        {
             const Level level(*this);
             Value entry = entryOf(target);
             objects_[number] = std::move(entry);
         }
+        heights_[number] = deepest_ - depth_;
+        deepest_ = std::max(outerDeepest, deepest_);
         return Value(Uid{number});
     }
 
@@ -172,10 +183,7 @@ private:
     class Level {
     public:
         explicit Level(Archive& archive) : archive_(archive) {
-            if (archive_.depth_ > kMaxArchiveDepth) {
-                raise(ArchiveException("nested deeper than " + std::to_string(kMaxArchiveDepth) +
-                                       " levels"));
-            }
+            archive_.reach(archive_.depth_);
             ++archive_.depth_;
         }
         ~Level() { --archive_.depth_; }
@@ -186,18 +194,30 @@ private:
         Archive& archive_;
     };
 
-    /// The object that a back reference stands for; any other value as it is.
+    /// Notes that something lies so deep; raises where readers don't follow.
+    void reach(unsigned depth) {
+        if (depth > kMaxArchiveDepth) {
+            raise(ArchiveException("nested deeper than " + std::to_string(kMaxArchiveDepth) +
+                                   " levels"));
+        }
+        deepest_ = std::max(deepest_, depth);
+    }
+
+    /// Makes a place at the end of the table.
+    void addEntry(Value entry = {}) {
+        objects_.push_back(std::move(entry));
+        heights_.push_back(0);
+    }
+
+    /// The object that a back reference stands for, null when it is gone: it was damaged, so that
+    /// nobody has it. Any other value as it is.
     static Value followed(const Value& value) {
         const auto object = value.object();
         const auto* const back = dynamic_cast<const BackReference*>(object.get());
         if (back == nullptr) {
             return value;
         }
-        const auto target = back->target.lock();
-        if (target == nullptr) {
-            raise(ArchiveException("an object that contains an archived one is gone"));
-        }
-        return Value(std::static_pointer_cast<const Object>(target));
+        return Value(std::static_pointer_cast<const Object>(back->target.lock()));
     }
 
     Value entryOf(const Value& value) {
@@ -267,6 +287,16 @@ private:
         return Value(std::move(array));
     }
 
+    /// Long keys are written once, too: many dictionaries may have them.
+    Value keyReference(const std::string& key) {
+        if (const std::size_t* const number = keys_.find(key)) {
+            return Value(Uid{*number});
+        }
+        Value written = reference(Value::fromUtf8(key));
+        keys_.add(key, written.uid()->index);
+        return written;
+    }
+
     void setDictionary(const Dictionary& dictionary) {
         const Level level(*this);
         Array keys;
@@ -274,7 +304,7 @@ private:
         keys.reserve(dictionary.size());
         values.reserve(dictionary.size());
         for (const auto& [key, value] : dictionary.entries()) {
-            keys.push_back(reference(Value::fromUtf8(key)));
+            keys.push_back(keyReference(key));
         }
         for (const auto& [key, value] : dictionary.entries()) {
             values.push_back(reference(value));
@@ -298,7 +328,7 @@ private:
             if (!names.hints.empty()) {
                 entry.set("$classhints", stringsValue(names.hints));
             }
-            objects_.emplace_back(std::move(entry));
+            addEntry(Value(std::move(entry)));
         }
         return Value(Uid{number});
     }
@@ -307,10 +337,15 @@ private:
     Array objects_{Value(kNullName)};
     /// What was written, with its place in the table.
     NameTable known_;
+    NameTable keys_;
+    /// How many levels are below each entry of the table; 0 while it is not finished.
+    std::vector<unsigned> heights_{0};
     std::vector<Value> archived_;
     /// The archive's top level, then the objects being encoded, innermost last.
     std::vector<Scope> scopes_;
     unsigned depth_ = 0;
+    /// The deepest level reached by the object that is being written.
+    unsigned deepest_ = 0;
 };
 
 KeyedArchiver::KeyedArchiver() : archive_(std::make_unique<Archive>(*this)) {

@@ -1,10 +1,10 @@
 // Writes keyed archives: object graphs as property lists.
 //
-// Every object is written once and referred to wherever it occurs again; equal strings and numbers
-// are written once, too. Values are written as objects of the platform's standard classes, objects
-// write themselves (Codable.h). What an archive may not hold (references to another archive's
-// objects, objects that are not Codable, nesting deeper than readers follow) raises
-// ArchiveException. One thread at a time; it needs some 512 KiB of stack.
+// Every object is written once and referred to wherever it occurs again; equal numbers, short
+// strings and keys are written once, too. Values are written as objects of the platform's standard
+// classes, objects write themselves (Codable.h). What an archive may not hold (references to
+// another archive's objects, objects that are not Codable, nesting deeper than readers follow)
+// raises ArchiveException. One thread at a time; it needs some 512 KiB of stack.
 
 #pragma once
 

@@ -60,7 +60,9 @@ Outcome KeyedUnarchiver::Archive::reach(unsigned depth) {
 
 Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsigned depth) {
     if (const auto reference = table.list().uidAt(number)) {
-        return objectOfReference(*reference, depth);
+        auto value = objectOfReference(*reference, depth);
+        hasReference_ = true;
+        return value;
     }
     return valueOfItem(PV_TRY(table.list().itemAt(number)), number, depth);
 }
@@ -68,7 +70,9 @@ Result<Value> KeyedUnarchiver::Archive::valueOfNumber(std::uint64_t number, unsi
 Result<Value> KeyedUnarchiver::Archive::valueOfItem(const BinaryItem& item, std::uint64_t number,
                                                     unsigned depth) {
     if (const auto reference = table.referenceOf(item)) {
-        return objectOfReference(*reference, depth);
+        auto value = objectOfReference(*reference, depth);
+        hasReference_ = true;
+        return value;
     }
     return isContainer(item) ? inlineContainer(item, depth) : decoder.valueAt(number);
 }
@@ -187,19 +191,19 @@ Result<Value> KeyedUnarchiver::Archive::instance(const Class& type, const Binary
     return type.decode != nullptr ? type.decode(object) : opaqueObject(item, depth);
 }
 
-/// Inline containers hold references or plain values; the first element speaks for all.
-FieldForm KeyedUnarchiver::Archive::formOf(const BinaryItem& content) const {
+/// Decodes a field of an opaque object, with the form in which it stands.
+Result<OpaqueField> KeyedUnarchiver::Archive::opaqueField(std::uint64_t number, unsigned depth) {
+    const BinaryItem content = PV_TRY(table.list().itemAt(number));
+    const bool outerHasReference = std::exchange(hasReference_, false);
+    OpaqueField field;
+    field.value = PV_TRY(valueOfItem(content, number, depth));
     if (table.referenceOf(content)) {
-        return FieldForm::Reference;
+        field.form = FieldForm::Reference;
+    } else if (isContainer(content) && hasReference_) {
+        field.form = FieldForm::InlineOfReferences;
     }
-    if (!isContainer(content) || content.count == 0) {
-        return FieldForm::Inline;
-    }
-    const BinaryPropertyList& list = table.list();
-    const auto first = list.itemAt(content.kind == BinaryKind::Array ? list.elementAt(content, 0)
-                                                                     : list.valueAt(content, 0));
-    return first && table.referenceOf(first.value()) ? FieldForm::InlineOfReferences
-                                                     : FieldForm::Inline;
+    hasReference_ = outerHasReference;
+    return field;
 }
 
 Result<Value> KeyedUnarchiver::Archive::opaqueObject(const BinaryItem& item, unsigned depth) {
@@ -212,16 +216,11 @@ Result<Value> KeyedUnarchiver::Archive::opaqueObject(const BinaryItem& item, uns
     const BinaryPropertyList& list = table.list();
     opaque->fields.reserve(item.count);
     for (std::uint64_t i = 0; i < item.count; ++i) {
-        OpaqueField field;
-        field.name = PV_TRY(decoder.keyAt(list.keyAt(item, i)));
-        if (field.name == "$class") {
-            continue;
+        std::string name = PV_TRY(decoder.keyAt(list.keyAt(item, i)));
+        if (name != "$class") {
+            opaque->fields.push_back(PV_TRY(opaqueField(list.valueAt(item, i), depth + 1)));
+            opaque->fields.back().name = std::move(name);
         }
-        const std::uint64_t number = list.valueAt(item, i);
-        const BinaryItem content = PV_TRY(list.itemAt(number));
-        field.value = PV_TRY(valueOfItem(content, number, depth + 1));
-        field.form = formOf(content);
-        opaque->fields.push_back(std::move(field));
     }
     return Value(std::shared_ptr<const Object>(opaque));
 }
@@ -368,7 +367,7 @@ Value KeyedUnarchiver::decodeObject() {
     if (const auto number = table.valueNumber(table.top(), "root"); number && number.value()) {
         return decodeTopLevel(*number.value());
     }
-    if (table.top().count != 1) {
+    if (table.top().count != 1 || archive_->nextUnkeyed > 0) {
         raise(UnarchiveException("keyed archive without a root object"));
     }
     return decodeTopLevel(table.list().valueAt(table.top(), 0));

@@ -54,7 +54,8 @@ public:
     KeyedUnarchiver(const KeyedUnarchiver&) = delete;
     KeyedUnarchiver& operator=(const KeyedUnarchiver&) = delete;
 
-    /// Makes further classes known; a name that is known already gets the new decoder.
+    /// Makes further classes known, before any object is decoded; a name that is known already gets
+    /// the new decoder.
     ///
     /// `classes` is borrowed and must outlive the unarchiver.
     void addClasses(std::span<const CodableClass> classes);

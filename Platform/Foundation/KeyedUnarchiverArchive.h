@@ -88,7 +88,7 @@ private:
     Result<Value> inlineContainer(const BinaryItem& item, unsigned depth);
     Outcome reach(unsigned depth);
     [[nodiscard]] bool isStringReference(std::uint64_t reference) const;
-    [[nodiscard]] FieldForm formOf(const BinaryItem& content) const;
+    Result<OpaqueField> opaqueField(std::uint64_t number, unsigned depth);
     ObjectDecoder decoderFor(const ArchivedClassNames& names) const;
 
     KeyedUnarchiver& unarchiver_;
@@ -102,6 +102,8 @@ private:
     std::vector<Open> open_;
     /// The deepest level reached by the object that is being decoded.
     unsigned deepest_ = 0;
+    /// Whether the field that is being decoded holds a reference.
+    bool hasReference_ = false;
 };
 
 }  // namespace platform

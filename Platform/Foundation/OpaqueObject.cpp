@@ -20,6 +20,14 @@ Value OpaqueObject::operator[](std::string_view name) const {
     return field != fields.end() ? field->value : Value();
 }
 
+Result<std::optional<std::string>> chargedUtf8(const Value& value, BuildBudget& budget) {
+    if (value.string() == nullptr) {
+        return std::optional<std::string>();
+    }
+    PV_TRY(budget.charge(value.string()->size()));
+    return value.utf8();
+}
+
 void OpaqueObject::encodeWithCoder(KeyedArchiver& coder) const {
     for (const OpaqueField& field : fields) {
         coder.encodeField(field);

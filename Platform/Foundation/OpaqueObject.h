@@ -7,12 +7,15 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/Codable.h"
+#include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
 
 namespace platform {
@@ -21,7 +24,7 @@ namespace platform {
 enum class FieldForm : std::uint8_t {
     Inline,              ///< the value itself
     Reference,           ///< a reference to an object of the table
-    InlineOfReferences,  ///< a container whose elements are references
+    InlineOfReferences,  ///< a container with references in it; all its elements become references
 };
 
 /// One field of an archived object.
@@ -51,6 +54,10 @@ public:
     }
     void encodeWithCoder(KeyedArchiver& coder) const override;
 };
+
+/// Returns the text of a string value as UTF-8, its copy counted against the budget; nothing when
+/// the value is no string.
+Result<std::optional<std::string>> chargedUtf8(const Value& value, BuildBudget& budget);
 
 /// Stands in an opaque object's fields for an object that contains it.
 class BackReference final : public Object {

@@ -86,12 +86,13 @@ private:
         if (!skipBlanks()) {
             return fault("end of the text where a value belongs");
         }
-        if (open_.size() > kMaxPropertyListDepth) {
-            return fault("nested deeper than " + std::to_string(kMaxPropertyListDepth) + " levels",
-                         FaultCode::TooDeep);
-        }
         const char16_t first = text_[position_];
         if (first == '{' || first == '(') {
+            if (open_.size() >= kMaxPropertyListDepth) {
+                return fault(
+                    "nested deeper than " + std::to_string(kMaxPropertyListDepth) + " levels",
+                    FaultCode::TooDeep);
+            }
             ++position_;
             open_.push_back({first == '{' ? u'}' : u')', {}, {}, {}});
             return std::optional<Value>();

@@ -4,11 +4,11 @@
 
 namespace platform {
 
-std::shared_ptr<const URLReference> URLReference::fromArchived(
-    std::shared_ptr<const OpaqueObject> archived) {
-    auto string = (*archived)["NS.relative"].utf8();
+Result<std::shared_ptr<const URLReference>> URLReference::fromArchived(
+    std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget) {
+    auto string = PV_TRY(chargedUtf8((*archived)["NS.relative"], budget));
     if (!string) {
-        return nullptr;
+        return std::shared_ptr<const URLReference>();
     }
     auto base = std::dynamic_pointer_cast<const URLReference>((*archived)["NS.base"].object());
     return std::shared_ptr<const URLReference>(

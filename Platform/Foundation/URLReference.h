@@ -8,7 +8,9 @@
 #include <string>
 #include <utility>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/PreservedObject.h"
+#include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
 
 namespace platform {
@@ -23,9 +25,10 @@ public:
                           std::shared_ptr<const URLReference> relativeToURL = {})
         : string_(std::move(string)), base_(std::move(relativeToURL)) {}
 
-    /// Returns the URL that `archived` is; null when it states none.
-    [[nodiscard]] static std::shared_ptr<const URLReference> fromArchived(
-        std::shared_ptr<const OpaqueObject> archived);
+    /// Returns the URL that `archived` is; null when it states none. A Fault when the copies are
+    /// more than the budget has left.
+    static Result<std::shared_ptr<const URLReference>> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget);
 
     /// The URL as it was written, without its base.
     ///

@@ -60,8 +60,30 @@ std::optional<Value> integerFromText(std::string_view text) {
     return Value(static_cast<std::int64_t>(0 - magnitude));
 }
 
+/// The power of ten of the first digit that is not 0, of a number beyond the range of reals.
+std::int64_t decimalExponentOf(std::string_view text) {
+    text.remove_prefix(text.starts_with('-') ? 1 : 0);
+    const std::size_t letter = std::min(text.find_first_of("eE"), text.size());
+    const std::string_view digits = text.substr(0, letter);
+    std::string_view exponentText = text.substr(std::min(letter + 1, text.size()));
+    exponentText.remove_prefix(exponentText.starts_with('+') ? 1 : 0);
+    std::int64_t exponent = 0;
+    const char* const end = exponentText.data() + exponentText.size();
+    if (std::from_chars(exponentText.data(), end, exponent).ec == std::errc::result_out_of_range) {
+        return exponentText.starts_with('-') ? -1 : 1;
+    }
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    // Far more than any text has digits, and far less than what overflows.
+    constexpr std::int64_t kMost = std::int64_t{1} << 60;
+    return std::clamp(exponent, -kMost, kMost) + point - first;
+}
+
 std::optional<Value> realFromText(std::string_view text) {
     text = trimmed(text);
+    if (text.starts_with("+-")) {
+        return std::nullopt;
+    }
     if (text.starts_with('+')) {
         text.remove_prefix(1);
     }
@@ -73,8 +95,7 @@ std::optional<Value> realFromText(std::string_view text) {
     }
     if (error == std::errc::result_out_of_range) {
         // The digits overflow or vanish: what they come nearest to.
-        const bool isTiny = text.find("e-") != text.npos || text.find("E-") != text.npos;
-        value = isTiny ? 0.0 : std::numeric_limits<double>::infinity();
+        value = decimalExponentOf(text) < 0 ? 0.0 : std::numeric_limits<double>::infinity();
         return Value(text.front() == '-' ? -value : value);
     }
     return error == std::errc() ? std::optional<Value>(value) : std::nullopt;

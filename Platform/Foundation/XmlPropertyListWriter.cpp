@@ -88,6 +88,20 @@ std::string realText(double value) {
     return std::string(text, end.ptr);
 }
 
+/// Whether `first` comes before `second` by their UTF-16 units. In UTF-8, characters beyond the
+/// first plane come last; in UTF-16 those from U+E000 on do.
+bool precedes(std::string_view first, std::string_view second) {
+    const auto [a, b] = std::mismatch(first.begin(), first.end(), second.begin(), second.end());
+    if (a == first.end() || b == second.end()) {
+        return a == first.end() && b != second.end();
+    }
+    const auto rank = [](char unit) {
+        const auto byte = static_cast<unsigned char>(unit);
+        return byte == 0xEE || byte == 0xEF ? byte + 0x10 : byte;
+    };
+    return rank(*a) < rank(*b);
+}
+
 class Writer {
 public:
     Outcome write(const Value& value, unsigned depth) {
@@ -176,7 +190,7 @@ private:
             entries.emplace_back(key, &value);
         }
         std::sort(entries.begin(), entries.end(),
-                  [](const auto& a, const auto& b) { return a.first < b.first; });
+                  [](const auto& a, const auto& b) { return precedes(a.first, b.first); });
         line(depth, "<dict>");
         for (const auto& [key, value] : entries) {
             PV_TRY(checkHoldable(utf16FromUtf8Lossy(key)));

@@ -72,25 +72,29 @@ Color::Color(ColorSpace space, std::vector<double> components, double alpha)
     }
 }
 
-std::shared_ptr<const Color> Color::fromArchived(std::shared_ptr<const OpaqueObject> archived) {
+Result<std::shared_ptr<const Color>> Color::fromArchived(
+    std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget) {
     const auto number = (*archived)[kSpaceField].integer();
     if (!number) {
-        return nullptr;
+        return std::shared_ptr<const Color>();
     }
     const auto space = static_cast<ColorSpace>(*number);
     const OpaqueObject& fields = *archived;
     const auto color = std::shared_ptr<Color>(new Color(std::move(archived), space));
     switch (space) {
         case ColorSpace::Named:
-            color->catalogName_ = fields["NSCatalogName"].utf8().value_or("");
-            color->colorName_ = fields["NSColorName"].utf8().value_or("");
+            color->catalogName_ = PV_TRY(chargedUtf8(fields["NSCatalogName"], budget)).value_or("");
+            color->colorName_ = PV_TRY(chargedUtf8(fields["NSColorName"], budget)).value_or("");
             color->namedColor_ = std::dynamic_pointer_cast<const Color>(fields["NSColor"].object());
-            return color;
+            break;
         case ColorSpace::Pattern:
-            return color;
+            break;
         default:
-            return color->readComponents(fields) ? color : nullptr;
+            if (!color->readComponents(fields)) {
+                return std::shared_ptr<const Color>();
+            }
     }
+    return std::shared_ptr<const Color>(color);
 }
 
 bool Color::readComponents(const OpaqueObject& archived) {

@@ -11,7 +11,9 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/PreservedObject.h"
+#include "Platform/Foundation/Result.h"
 
 namespace platform {
 
@@ -45,9 +47,9 @@ public:
     Color(ColorSpace space, std::vector<double> components, double alpha = 1);
 
     /// Returns the colour that `archived` is; null when its space is unknown or its components are
-    /// not what the space demands.
-    [[nodiscard]] static std::shared_ptr<const Color> fromArchived(
-        std::shared_ptr<const OpaqueObject> archived);
+    /// not what the space demands. A Fault when the copies are more than the budget has left.
+    static Result<std::shared_ptr<const Color>> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget);
 
     [[nodiscard]] ColorSpace colorSpace() const { return space_; }
 

@@ -25,7 +25,8 @@ std::shared_ptr<const Dictionary> descriptorAttributes(const OpaqueObject& font)
 
 }  // namespace
 
-std::shared_ptr<const Font> Font::fromArchived(std::shared_ptr<const OpaqueObject> archived) {
+Result<std::shared_ptr<const Font>> Font::fromArchived(std::shared_ptr<const OpaqueObject> archived,
+                                                       BuildBudget& budget) {
     const auto descriptor = descriptorAttributes(*archived);
     // The field itself, its other name, then what the descriptor says.
     const auto find = [&](std::string_view name, std::string_view otherName,
@@ -36,9 +37,9 @@ std::shared_ptr<const Font> Font::fromArchived(std::shared_ptr<const OpaqueObjec
         }
         return value.isNull() && descriptor ? (*descriptor)[attribute] : value;
     };
-    auto name = find("NSName", "UIFontName", "NSFontNameAttribute").utf8();
+    auto name = PV_TRY(chargedUtf8(find("NSName", "UIFontName", "NSFontNameAttribute"), budget));
     if (!name) {
-        return nullptr;
+        return std::shared_ptr<const Font>();
     }
     const auto size = find("NSSize", "UIFontPointSize", "NSFontSizeAttribute").doubleValue();
     return std::shared_ptr<const Font>(

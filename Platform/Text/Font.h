@@ -8,7 +8,9 @@
 #include <string>
 #include <utility>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/PreservedObject.h"
+#include "Platform/Foundation/Result.h"
 
 namespace platform {
 
@@ -18,9 +20,10 @@ public:
     /// Makes a font of its PostScript name, "Helvetica-Bold" for example.
     Font(std::string name, double size) : fontName_(std::move(name)), pointSize_(size) {}
 
-    /// Returns the font that `archived` is; null when it states no name.
-    [[nodiscard]] static std::shared_ptr<const Font> fromArchived(
-        std::shared_ptr<const OpaqueObject> archived);
+    /// Returns the font that `archived` is; null when it states no name. A Fault when the copies
+    /// are more than the budget has left.
+    static Result<std::shared_ptr<const Font>> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget);
 
     /// Selector: fontName
     [[nodiscard]] const std::string& fontName() const { return fontName_; }

@@ -47,38 +47,43 @@ TextAlignment alignmentOf(const Value& value, TextAlignment otherwise) {
     return enumerator(value, 0, 4, otherwise);
 }
 
-/// Calls `receive` for each element that is an object nobody here knows.
+/// Calls `receive` for each element that is an object nobody here knows, up to the first Fault.
+/// Styles may share the elements, so looking at each counts.
 template <class Receive>
-void forEachOpaque(const Value& array, Receive receive) {
+Outcome forEachOpaque(const Value& array, BuildBudget& budget, Receive receive) {
     if (const Array* const elements = array.array()) {
         for (const Value& element : *elements) {
             const auto object = element.object();
             if (const auto* const opaque = dynamic_cast<const OpaqueObject*>(object.get())) {
-                receive(*opaque);
+                PV_TRY(budget.charge(opaque->fields.size() + 1, sizeof(TextList)));
+                PV_TRY(receive(*opaque));
             }
         }
     }
+    return done();
 }
 
-std::optional<std::vector<TextTab>> tabsOf(const Value& array) {
+Result<std::optional<std::vector<TextTab>>> tabsOf(const Value& array, BuildBudget& budget) {
     if (array.array() == nullptr) {
-        return std::nullopt;
+        return std::optional<std::vector<TextTab>>();
     }
     std::vector<TextTab> tabs;
-    forEachOpaque(array, [&](const OpaqueObject& tab) {
+    PV_TRY(forEachOpaque(array, budget, [&](const OpaqueObject& tab) {
         tabs.push_back({tab["NSLocation"].doubleValue().value_or(0),
                         alignmentOf(tab["NSTextAlignment"], TextAlignment::Left)});
-    });
-    return tabs;
+        return done();
+    }));
+    return std::optional(std::move(tabs));
 }
 
-std::vector<TextList> listsOf(const Value& array) {
+Result<std::vector<TextList>> listsOf(const Value& array, BuildBudget& budget) {
     std::vector<TextList> lists;
-    forEachOpaque(array, [&](const OpaqueObject& list) {
-        lists.push_back({list["NSMarkerFormat"].utf8().value_or(""),
+    PV_TRY(forEachOpaque(array, budget, [&](const OpaqueObject& list) -> Outcome {
+        lists.push_back({PV_TRY(chargedUtf8(list["NSMarkerFormat"], budget)).value_or(""),
                          list["NSOptions"].integer().value_or(0),
                          list["NSStart"].integer().value_or(1)});
-    });
+        return done();
+    }));
     return lists;
 }
 
@@ -111,8 +116,8 @@ Value archivedItems(const Items& items, Archive archive) {
 
 }  // namespace
 
-std::shared_ptr<const ParagraphStyle> ParagraphStyle::fromArchived(
-    std::shared_ptr<const OpaqueObject> archived) {
+Result<std::shared_ptr<const ParagraphStyle>> ParagraphStyle::fromArchived(
+    std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget) {
     const OpaqueObject& fields = *archived;
     ParagraphLayout layout;
     layout.alignment = alignmentOf(fields[kAlignment], TextAlignment::Natural);
@@ -124,8 +129,8 @@ std::shared_ptr<const ParagraphStyle> ParagraphStyle::fromArchived(
     for (const auto& [key, length] : kLengths) {
         layout.*length = fields[key].doubleValue().value_or(0);
     }
-    layout.tabStops = tabsOf(fields[kTabStops]);
-    layout.textLists = listsOf(fields[kTextLists]);
+    layout.tabStops = PV_TRY(tabsOf(fields[kTabStops], budget));
+    layout.textLists = PV_TRY(listsOf(fields[kTextLists], budget));
     return std::shared_ptr<const ParagraphStyle>(
         new ParagraphStyle(std::move(archived), std::move(layout)));
 }

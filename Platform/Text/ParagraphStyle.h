@@ -11,7 +11,9 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/PreservedObject.h"
+#include "Platform/Foundation/Result.h"
 
 namespace platform {
 
@@ -76,9 +78,10 @@ class ParagraphStyle final : public PreservedObject {
 public:
     explicit ParagraphStyle(ParagraphLayout layout) : layout_(std::move(layout)) {}
 
-    /// Returns the style that `archived` is. What it states in a wrong form counts as not stated.
-    [[nodiscard]] static std::shared_ptr<const ParagraphStyle> fromArchived(
-        std::shared_ptr<const OpaqueObject> archived);
+    /// Returns the style that `archived` is. What it states in a wrong form counts as not stated. A
+    /// Fault when the copies are more than the budget has left.
+    static Result<std::shared_ptr<const ParagraphStyle>> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget);
 
     [[nodiscard]] const ParagraphLayout& layout() const { return layout_; }
 

@@ -25,8 +25,8 @@ TextAttachment::TextAttachment(const FileWrapper* fileWrapper) {
     }
 }
 
-std::shared_ptr<const TextAttachment> TextAttachment::fromArchived(
-    std::shared_ptr<const OpaqueObject> archived) {
+Result<std::shared_ptr<const TextAttachment>> TextAttachment::fromArchived(
+    std::shared_ptr<const OpaqueObject> archived, BuildBudget&) {
     auto file = serializedFile((*archived)[kFileWrapper]);
     return std::shared_ptr<const TextAttachment>(
         new TextAttachment(std::move(archived), std::move(file)));

@@ -8,8 +8,10 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Foundation/BuildBudget.h"
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/PreservedObject.h"
+#include "Platform/Foundation/Result.h"
 
 namespace platform {
 
@@ -25,9 +27,9 @@ public:
     explicit TextAttachment(const FileWrapper* fileWrapper);
 
     /// Returns the attachment that `archived` is; also one without a file, or with one in no known
-    /// form.
-    [[nodiscard]] static std::shared_ptr<const TextAttachment> fromArchived(
-        std::shared_ptr<const OpaqueObject> archived);
+    /// form. Costs nothing of the budget.
+    static Result<std::shared_ptr<const TextAttachment>> fromArchived(
+        std::shared_ptr<const OpaqueObject> archived, BuildBudget& budget);
 
     /// Returns the attached file, a copy of its own that shares the bytes; null when there is none
     /// that can be read.

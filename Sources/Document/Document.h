@@ -65,8 +65,8 @@ public:
     /// Selector: canConcurrentlyReadDocumentsOfType:
     [[nodiscard]] static bool canConcurrentlyReadDocumentsOfType(std::string_view typeName);
 
-    /// Replaces the text by that of the file at `url`. Returns false, with the text as it was, when
-    /// the file cannot be read.
+    /// Replaces the text by that of the file at `url`; a package without a text leaves the text as
+    /// it is. Returns false, with the text as it was, when the file cannot be read.
     ///
     /// An error is left for a package that needs a newer reader (PVSpecificErrorDomain, code 0) and
     /// for what the base class refuses; other failures leave none. A package whose text is damaged

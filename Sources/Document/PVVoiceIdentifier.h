@@ -52,7 +52,7 @@ public:
     /// Selector: initWithCoder:
     static platform::Result<platform::Value> initWithCoder(const platform::ArchivedObject& coder);
 
-    /// The class, to be added to unarchivers.
+    /// The class, to be added to unarchivers. One with damaged fields stays opaque.
     [[nodiscard]] static std::span<const platform::CodableClass> codableClasses();
 
     /// The platform's identifier of the voice.

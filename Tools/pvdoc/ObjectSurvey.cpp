@@ -32,6 +32,12 @@ public:
 
 private:
     void lookInto(const Value& value) {
+        // What is shared is looked into once, whatever names it.
+        const void* const container =
+            value.array() != nullptr ? static_cast<const void*>(value.array()) : value.dictionary();
+        if (container != nullptr && !seen_.insert(container).second) {
+            return;
+        }
         if (const auto* const array = value.array()) {
             for (const Value& element : *array) {
                 lookInto(element);

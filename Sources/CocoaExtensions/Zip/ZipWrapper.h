@@ -221,7 +221,7 @@ private:
     bool insert(const std::shared_ptr<FileWrapper>& child, std::string_view path);
 
     /// Returns what a wrapper of `entry` holds: its contents, which don't share the archive's bytes
-    /// unless its entries overlap.
+    /// until those that were copied are as many as the archive has.
     std::optional<platform::Data> contentsToKeep(const SZipFileInfo& entry);
 
     /// Returns the contents of `entry`: the stored bytes, which share the archive's, or the

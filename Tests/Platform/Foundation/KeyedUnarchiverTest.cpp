@@ -164,6 +164,11 @@ TEST(KeyedUnarchiver, UnkeyedObjectsComeOneAfterAnother) {
     EXPECT_EQ(unarchiver->decodeObject(), Value(u"a"));
     EXPECT_EQ(unarchiver->decodeObject(), Value(u"b"));
     EXPECT_THROW((void)unarchiver->decodeObject(), UnarchiveException);
+
+    const auto one =
+        KeyedUnarchiver::initForReadingWithData(b.finishWithTop({{"$0", Value(Uid{1})}}));
+    EXPECT_EQ(one->decodeObject(), Value(u"a"));
+    EXPECT_THROW((void)one->decodeObject(), UnarchiveException) << "it is not the root, too";
 }
 
 TEST(KeyedUnarchiver, TopLevelKeysAreFoundAndEscaped) {
@@ -345,6 +350,39 @@ TEST(KeyedUnarchiver, BytesThatManyStringsShareCountForEachOfThem) {
     }
     const std::string failure = failureOf(b.finish(b.addArray(strings)));
     EXPECT_NE(failure.find(": holds more than 64 times its size"), std::string::npos) << failure;
+}
+
+TEST(KeyedUnarchiver, TextsThatManyUrlsShareCountForEachOfThem) {
+    ArchiveBuilder b;
+    const Uid text = b.add(std::u16string(20000, u'x'));
+    const Uid type = b.addClass({"NSURL", "NSObject"});
+    std::vector<Uid> urls;
+    for (int i = 0; i < 400; ++i) {
+        urls.push_back(b.addInstance(type, {{"NS.relative", Value(text)}}));
+    }
+    const std::string failure = failureOf(b.finish(b.addArray(urls)));
+    EXPECT_NE(failure.find(": holds more than 64 times its size"), std::string::npos) << failure;
+}
+
+TEST(KeyedUnarchiver, CollectionsOfClassesOfTheirOwnKeepTheirFields) {
+    const struct {
+        const char* superclass;
+        Dictionary fields;
+        bool isOpaque;
+    } kRows[] = {
+        {"NSDictionary", {{"Own", Value(1)}}, true},
+        {"NSArray", {{"Own", Value(1)}}, true},
+        {"NSDictionary", {}, false},
+        {"NSArray", {}, false},
+        {"NSArray", {{"NS.objects", Value(Array())}, {"Own", Value(1)}}, false},
+        {"NSDictionary", {{"NS.keys", Value(Array())}, {"NS.objects", Value(Array())}}, false},
+    };
+    for (const auto& row : kRows) {
+        ArchiveBuilder b;
+        const Uid type = b.addClass({"AcmeValues", row.superclass, "NSObject"});
+        const Value value = decode(b.finish(b.addInstance(type, row.fields)));
+        EXPECT_EQ(opaque(value) != nullptr, row.isOpaque) << row.superclass;
+    }
 }
 
 TEST(KeyedUnarchiver, NamesThatManyClassesShareCountForEachOfThem) {

@@ -377,6 +377,13 @@ TEST(XmlPropertyList, ReadsWhatOthersWrite) {
         {"smallest integer", xml("<integer>-9223372036854775808</integer>"),
          Value(std::numeric_limits<std::int64_t>::min())},
         {"blanks around a number", xml("<integer> +7\n</integer>"), Value(7)},
+        {"vanishing digits", xml("<real>0." + std::string(400, '0') + "1</real>"), Value(0.0)},
+        {"vanishing exponent", xml("<real>-1e-400</real>"), Value(-0.0)},
+        {"vanishing beyond any exponent", xml("<real>1e-99999999999999999999</real>"), Value(0.0)},
+        {"overflowing digits", xml("<real>1" + std::string(400, '0') + "e-10</real>"),
+         Value(std::numeric_limits<double>::infinity())},
+        {"overflowing exponent", xml("<real>-1e+400</real>"),
+         Value(-std::numeric_limits<double>::infinity())},
         {"infinity", xml("<real>-infinity</real>"),
          Value(-std::numeric_limits<double>::infinity())},
         {"entity references", xml("<string>&lt;&#x20AC;&amp;</string>"), Value(u"<\u20AC&")},
@@ -475,6 +482,24 @@ TEST(XmlPropertyList, ReadsUtf16WithAMark) {
         read({reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)});
     ASSERT_TRUE(value) << value.fault().detail;
     EXPECT_EQ(value.value(), Value(u"\u00E9"));
+}
+
+TEST(PropertyListSerialization, XmlKeysAreInTheOrderOfTheirUtf16Units) {
+    const Value value(Dictionary{{"\uFF5E", Value(1)},
+                                 {"\U0001F600", Value(2)},
+                                 {"ab", Value(3)},
+                                 {"a", Value(4)},
+                                 {"\uE000", Value(5)},
+                                 {"\u00E9", Value(6)}});
+    const Data data =
+        PropertyListSerialization::dataWithPropertyList(value, PropertyListFormat::Xml).value();
+    std::string order;
+    for (std::size_t at = data.view().find("<key>"); at != std::string_view::npos;
+         at = data.view().find("<key>", at + 1)) {
+        const std::size_t integer = data.view().find("<integer>", at);
+        order += data.view()[integer + 9];
+    }
+    EXPECT_EQ(order, "436251");
 }
 
 }  // namespace

@@ -313,6 +313,32 @@ TEST(ParagraphStyle, WhatMakesNoSenseCountsAsNotStated) {
     expectKept<ParagraphStyle>(style);
 }
 
+TEST(ParagraphStyle, ListsAndTabsThatManyStylesShareCountForEachOfThem) {
+    const struct {
+        const char* name;
+        Value element;
+        const char* key;
+    } kRows[] = {
+        {"long markers",
+         object({"NSTextList", "NSObject"},
+                {{"NSMarkerFormat", Value(std::u16string(50000, u'x')), FieldForm::Reference}}),
+         "NSTextLists"},
+        {"many tabs", object({"NSTextTab", "NSObject"}, {{"NSLocation", Value(1.0)}}),
+         "NSTabStops"},
+    };
+    for (const auto& row : kRows) {
+        const Value elements(Array(2000, row.element));
+        Array styles;
+        for (int i = 0; i < 500; ++i) {
+            styles.push_back(object({"NSParagraphStyle", "NSObject"},
+                                    {{row.key, elements, FieldForm::Reference}}));
+        }
+        EXPECT_THROW((void)decode(KeyedArchiver::archivedDataWithRootObject(Value(styles))),
+                     UnarchiveException)
+            << row.name;
+    }
+}
+
 TEST(TextAttachment, HoldsAFile) {
     const auto file = FileWrapper::initRegularFileWithContents(Data::copyOf("pixels"));
     file->setPreferredFilename("a.png");

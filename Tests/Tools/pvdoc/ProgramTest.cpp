@@ -291,6 +291,20 @@ TEST(Pvdoc, ExplainsOtherRootsAndOtherFiles) {
     EXPECT_FALSE(explain(folder.path("none")));
 }
 
+TEST(Pvdoc, ExplainsSharedContainersWithoutGoingThroughThemAgainAndAgain) {
+    const test::TemporaryFolder folder;
+    samples::ArchiveBuilder b;
+    platform::Uid doubling = b.add(u"core");
+    for (int i = 0; i < 50; ++i) {
+        doubling = b.addArray({doubling, doubling});
+    }
+    const Data archive =
+        b.finish(b.addAttributedString(u"x", {b.addDictionary({{b.add(u"odd"), doubling}})}));
+    const auto explained = explain(folder.write("a.parlavox", samples::package(archive).view()));
+    ASSERT_TRUE(explained);
+    EXPECT_TRUE(explained.value().isRead) << explained.value().report;
+}
+
 TEST(Pvdoc, ReadsItsCommandLine) {
     const auto read = [](std::vector<const char*> arguments) {
         arguments.insert(arguments.begin(), "pvdoc");
