@@ -78,11 +78,11 @@ platform::Result<Value> PVVoiceIdentifier::initWithCoder(const ArchivedObject& c
 
 std::span<const platform::CodableClass> PVVoiceIdentifier::codableClasses() {
     // One whose fields hold what they never do is kept as it is: it must not cost a text anything.
-    constexpr auto decode = [](const ArchivedObject& object) -> platform::Result<Value> {
+    constexpr auto kDecode = [](const ArchivedObject& object) -> platform::Result<Value> {
         auto identifier = initWithCoder(object);
         return identifier ? std::move(identifier) : object.opaque();
     };
-    static constexpr platform::CodableClass kClasses[] = {{"PVVoiceIdentifier", decode}};
+    static constexpr platform::CodableClass kClasses[] = {{"PVVoiceIdentifier", kDecode}};
     return kClasses;
 }
 
