@@ -23,8 +23,7 @@ namespace platform {
 
 /// The fields of one archived object, by key.
 ///
-/// Look-ups go through all of the object's keys; to have
-/// all fields, take the opaque object.
+/// Look-ups go through all of the object's keys; to have all fields, take the opaque object.
 class ArchivedObject {
 public:
     /// The unarchiver that reads the object.

@@ -1,8 +1,6 @@
 #include "Platform/Foundation/FileWrapperSerialization.h"
 
-#include <array>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -245,6 +243,12 @@ void addOwnNames(Records& records, const FileWrapper& wrapper) {
     }
 }
 
+/// Whether a child of that name would be taken for what its folder says of itself.
+bool isReserved(std::string_view name) {
+    return name == kContentsName || name == kAttributesName || name == kPreferredName ||
+           name == kUtf8PreferredName;
+}
+
 bool isLeftOut(const FileWrapper& child) {
     return !child.isDirectory() && !(child.isRegularFile() && child.regularFileContents());
 }
@@ -264,7 +268,7 @@ std::optional<std::string> recordOf(const FileWrapper& wrapper, unsigned depth) 
         if (isLeftOut(*child)) {
             continue;
         }
-        auto record = recordOf(*child, depth + 1);
+        auto record = isReserved(key) ? std::nullopt : recordOf(*child, depth + 1);
         if (!record) {
             return std::nullopt;
         }

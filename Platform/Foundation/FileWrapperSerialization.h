@@ -24,7 +24,8 @@ Result<std::shared_ptr<FileWrapper>> fileWrapperFromSerializedRepresentation(con
 /// Returns `wrapper` as bytes. Links, and files whose contents cannot be had, are left out.
 ///
 /// Nothing when the wrapper itself is a link or a file without contents, when a file or the whole
-/// is larger than the form can say (2 GiB), or when folders nest deeper than 128.
+/// is larger than the form can say (2 GiB), when folders nest deeper than 128, or when a
+/// child has one of the reserved names.
 std::optional<Data> serializedRepresentationOf(const FileWrapper& wrapper);
 
 }  // namespace platform

@@ -5,9 +5,9 @@
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
-#include "Platform/Foundation/PropertyListSerialization.h"
 #include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Text/TextReader.h"
+#include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 
 namespace parlavox {
@@ -26,21 +26,11 @@ namespace {
 
 constexpr char kPdfType[] = "com.adobe.pdf";
 
-bool isPackageType(const std::string& type) {
-    return TypeRegistry::typeConformsToType(type, kForeignDocumentType) ||
-           TypeRegistry::typeConformsToType(type, kDocumentType);
-}
-
 /// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
 std::optional<Data> contentsOfMember(const ZipWrapper& archive, std::string_view name) {
     const auto member = archive.fileWrapperForKey(name);
     return member != nullptr && member->isRegularFile() ? member->regularFileContents()
                                                         : std::nullopt;
-}
-
-Value valueUnder(std::string_view key, const Value& value) {
-    const platform::Dictionary* const dictionary = value.dictionary();
-    return dictionary != nullptr ? (*dictionary)[key] : Value();
 }
 
 /// What an archive's root is when it is no text, for a person.
@@ -52,16 +42,15 @@ std::string describeRoot(const Value& root) {
                            : "root object that is no text";
 }
 
-/// The compatibility version that the header states; nothing when there is none.
-std::optional<std::int64_t> compatibilityVersion(const Data& contents) {
+/// The compatibility version that "contents.plist" states; nothing when there is none.
+std::optional<std::int64_t> versionIn(const Data& contents) {
     const FailureContext context(kContentsMember);
-    const auto root = platform::PropertyListSerialization::propertyListWithData(contents);
-    if (!root) {
-        noteFailure(root.fault().detail);
+    const auto header = packageHeader(contents);
+    if (!header) {
+        noteFailure(header.fault().detail);
         return std::nullopt;
     }
-    const Value header = valueUnder(kHeaderKey, root.value());
-    const auto version = valueUnder(kCompatibilityVersionKey, header).integerValue();
+    const auto version = compatibilityVersion(header.value());
     if (!version) {
         noteFailure("no compatibility version in the header");
     }
@@ -115,7 +104,7 @@ bool Document::readPackage(const std::string& path, ErrorLocation error) {
         platform::noteFailureUnlessNoted("no contents.plist in the archive");
         return false;
     }
-    const auto version = compatibilityVersion(*contents);
+    const auto version = versionIn(*contents);
     if (!version) {
         return false;
     }

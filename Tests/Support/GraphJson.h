@@ -12,10 +12,12 @@
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "Platform/Foundation/OpaqueObject.h"
 #include "Platform/Foundation/PreservedObject.h"
 #include "Platform/Text/AttributedString.h"
+#include "Tests/Support/PropertyListJson.h"
 
 namespace test {
 
@@ -23,26 +25,19 @@ enum class SharedObjects : bool { Repeated, Numbered };
 
 class GraphJson {
 public:
-    using Json = nlohmann::json;
+    using Json = test::Json;
 
     explicit GraphJson(SharedObjects shared) : shared_(shared) {}
 
     Json of(const platform::Value& value) {
+        if (auto plain = jsonOfPlain(value)) {
+            return *std::move(plain);
+        }
         switch (value.kind()) {
-            case platform::ValueKind::Null:
-                return nullptr;
-            case platform::ValueKind::Boolean:
-                return *value.boolean();
-            case platform::ValueKind::Integer:
-                return value.integer() ? Json(*value.integer()) : Json(*value.unsignedInteger());
-            case platform::ValueKind::Real:
-                return *value.real();
             case platform::ValueKind::Date:
                 return {{"<date>", value.date()->secondsSinceReferenceDate}};
             case platform::ValueKind::Data:
                 return ofData(*value.data());
-            case platform::ValueKind::String:
-                return *value.utf8();
             case platform::ValueKind::Uid:
                 return {{"<uid>", value.uid()->index}};
             case platform::ValueKind::Array:

@@ -8,7 +8,9 @@
 #include <cmath>
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "Platform/Foundation/CalendarDate.h"
 #include "Platform/Foundation/Value.h"
@@ -41,6 +43,24 @@ inline Json jsonOfDate(platform::Date date) {
     return {{"$date", text}};
 }
 
+/// A value that JSON has a kind for, containers apart; nothing for any other.
+inline std::optional<Json> jsonOfPlain(const platform::Value& value) {
+    switch (value.kind()) {
+        case platform::ValueKind::Null:
+            return Json(nullptr);
+        case platform::ValueKind::Boolean:
+            return Json(*value.boolean());
+        case platform::ValueKind::Integer:
+            return value.integer() ? Json(*value.integer()) : Json(*value.unsignedInteger());
+        case platform::ValueKind::Real:
+            return Json(*value.real());
+        case platform::ValueKind::String:
+            return Json(*value.utf8());
+        default:
+            return std::nullopt;
+    }
+}
+
 inline Json jsonOf(const platform::Value& value);
 
 inline Json jsonOfContainer(const platform::Value& value) {
@@ -61,21 +81,14 @@ inline Json jsonOfContainer(const platform::Value& value) {
 /// Requires: the value holds no object, and nothing in it is shared so often that writing it out
 /// would not end.
 inline Json jsonOf(const platform::Value& value) {
+    if (auto plain = jsonOfPlain(value)) {
+        return *std::move(plain);
+    }
     switch (value.kind()) {
-        case platform::ValueKind::Null:
-            return nullptr;
-        case platform::ValueKind::Boolean:
-            return *value.boolean();
-        case platform::ValueKind::Integer:
-            return value.integer() ? Json(*value.integer()) : Json(*value.unsignedInteger());
-        case platform::ValueKind::Real:
-            return *value.real();
         case platform::ValueKind::Date:
             return jsonOfDate(*value.date());
         case platform::ValueKind::Data:
             return jsonOfData(*value.data());
-        case platform::ValueKind::String:
-            return *value.utf8();
         case platform::ValueKind::Uid:
             return {{"$uid", value.uid()->index}};
         default:

@@ -16,6 +16,7 @@
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Sources/Document/Document.h"
 #include "Sources/Document/PackageFormat.h"
+#include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 #include "Tools/pvdoc/ArchiveListing.h"
 #include "Tools/pvdoc/Header.h"
@@ -59,11 +60,6 @@ std::string typeOf(const std::string& path, const Data& contents, Report& report
     return type;
 }
 
-bool isPackage(const std::string& type) {
-    return TypeRegistry::typeConformsToType(type, parlavox::kForeignDocumentType) ||
-           TypeRegistry::typeConformsToType(type, parlavox::kDocumentType);
-}
-
 void explainArchive(const Data& contents, Report& report) {
     const auto listing = listArchive(contents);
     if (!listing) {
@@ -92,14 +88,8 @@ std::optional<Data> explainMember(const parlavox::ZipWrapper& archive, std::stri
 }
 
 void explainVersion(const Data& contents, Report& report) {
-    const auto root = platform::PropertyListSerialization::propertyListWithData(contents);
-    const Value header = root && root.value().dictionary() != nullptr
-                             ? (*root.value().dictionary())[parlavox::kHeaderKey]
-                             : Value();
-    const Value stated = header.dictionary() != nullptr
-                             ? (*header.dictionary())[parlavox::kCompatibilityVersionKey]
-                             : Value();
-    const auto version = stated.integerValue();
+    const auto header = parlavox::packageHeader(contents);
+    const auto version = header ? parlavox::compatibilityVersion(header.value()) : std::nullopt;
     if (!version) {
         report.add("version", "no compatibility version: the file is refused");
         return;
@@ -196,9 +186,9 @@ void explainText(const Data& archive, Report& report) {
     }
 }
 
-void explainPackage(const std::string& path, const Data& contents, Report& report) {
+void explainPackage(const Data& contents, Report& report) {
     explainArchive(contents, report);
-    const auto archive = parlavox::ZipWrapper::initWithPath(path);
+    const auto archive = parlavox::ZipWrapper::initRegularFileWithContents(contents);
     if (archive == nullptr) {
         return;
     }
@@ -239,10 +229,11 @@ Result<Explanation> explain(const std::string& path) {
     Explanation explanation;
     // Damage that an archive cannot be read beyond is raised, here as in the importer.
     try {
-        report.add("way", isPackage(type) ? "a document of the own format: an archive of members"
-                                          : "imported: the text reader finds the format");
-        if (isPackage(type)) {
-            explainPackage(path, contents, report);
+        report.add("way", parlavox::isPackageType(type)
+                              ? "a document of the own format: an archive of members"
+                              : "imported: the text reader finds the format");
+        if (parlavox::isPackageType(type)) {
+            explainPackage(contents, report);
         }
         explanation.isRead = explainResult(path, type, report);
     } catch (const std::exception& exception) {

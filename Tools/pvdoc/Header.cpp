@@ -3,8 +3,7 @@
 #include <string>
 
 #include "Platform/Foundation/CalendarDate.h"
-#include "Platform/Foundation/PropertyListSerialization.h"
-#include "Sources/Document/PackageFormat.h"
+#include "Sources/Document/PackageHeader.h"
 
 namespace pvdoc {
 
@@ -41,14 +40,12 @@ std::string shown(const Value& value) {
 }
 
 void reportHeader(Report& report, const platform::Data& contents) {
-    const auto root = platform::PropertyListSerialization::propertyListWithData(contents);
-    if (!root) {
-        report.add("header", "no property list: " + root.fault().detail);
+    const auto value = parlavox::packageHeader(contents);
+    if (!value) {
+        report.add("header", "no property list: " + value.fault().detail);
         return;
     }
-    const Dictionary* const dictionary = root.value().dictionary();
-    const Value value = dictionary != nullptr ? (*dictionary)[parlavox::kHeaderKey] : Value();
-    const Dictionary* const header = value.dictionary();
+    const Dictionary* const header = value.value().dictionary();
     if (header == nullptr) {
         report.add("header", "none in the property list");
         return;

@@ -202,6 +202,13 @@ TEST(FileWrapperSerialization, LinksAreLeftOutAndHaveNoFormThemselves) {
               "{a=b;}");
 }
 
+TEST(FileWrapperSerialization, ReservedNamesAreNotWrittenAsChildren) {
+    for (const char* name : {"..", ".", "__@PreferredName@__", "__@UTF8PreferredName@__"}) {
+        const Wrapper tree = FileWrapper::initDirectoryWithFileWrappers({{name, file("b")}});
+        EXPECT_EQ(tree->serializedRepresentation(), std::nullopt) << name;
+    }
+}
+
 TEST(FileWrapperSerialization, FoldersTooDeepToBeReadAreNotWritten) {
     Wrapper tree = FileWrapper::initDirectoryWithFileWrappers({});
     for (int i = 0; i < 128; ++i) {
