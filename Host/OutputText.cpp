@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "Platform/Foundation/Unicode.h"
 
@@ -9,7 +10,22 @@ namespace host {
 namespace {
 
 // NUL ends the text for many readers; U+FFFC stands where a document holds an attachment.
-constexpr std::u16string_view kDropped(u"\0\xFFFC", 2);
+constexpr std::string_view kNul("\0", 1);
+constexpr std::string_view kReplacedObject("\xEF\xBF\xBC");
+
+std::string withoutAny(std::string text, std::string_view form) {
+    std::size_t at = text.find(form);
+    if (at == std::string::npos) {
+        return text;
+    }
+    std::string kept;
+    std::size_t begin = 0;
+    for (; at != std::string::npos; at = text.find(form, begin)) {
+        kept.append(text, begin, at - begin);
+        begin = at + form.size();
+    }
+    return kept.append(text, begin);
+}
 
 double millisecondsOf(std::chrono::nanoseconds duration) {
     return std::round(static_cast<double>(duration.count()) / 1e3) / 1e3;
@@ -18,17 +34,7 @@ double millisecondsOf(std::chrono::nanoseconds duration) {
 }  // namespace
 
 std::string utf8ForOutput(std::u16string_view text) {
-    std::string output;
-    while (!text.empty()) {
-        const std::u16string_view piece = text.substr(0, text.find_first_of(kDropped));
-        std::string bytes = platform::utf8FromUtf16(piece);
-        if (piece.size() == text.size() && output.empty()) {
-            return bytes;
-        }
-        output += bytes;
-        text.remove_prefix(piece.size() == text.size() ? text.size() : piece.size() + 1);
-    }
-    return output;
+    return withoutAny(withoutAny(platform::utf8FromUtf16(text), kNul), kReplacedObject);
 }
 
 std::string errorLine(std::string_view subject, std::string_view message) {

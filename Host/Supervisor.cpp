@@ -59,17 +59,27 @@ Ending Supervisor::run() {
     }
 }
 
-std::optional<ChildEnd> Supervisor::watch(pid_t child, int& signal) const {
+std::optional<ChildEnd> Supervisor::watch(pid_t child, int& signal) {
     while (true) {
         std::optional<ChildEnd> end = signals_.waitFor(child, kLookInterval, signal);
         if (end || signal != 0) {
             return end;
         }
+        removeStaleFolders();
         if (const Overrun found = overrun(); found != Overrun::None) {
             end = SignalWatch::kill(child);
             end->overrun = found;
             return end;
         }
+    }
+}
+
+// Left to runs that take their time: to look for what killed runs have left is a good part of what
+// a run for one small file costs.
+void Supervisor::removeStaleFolders() {
+    if (!hasRemovedStaleFolders_) {
+        TemporaryFolder::removeStale(TemporaryFolder::defaultBase());
+        hasRemovedStaleFolders_ = true;
     }
 }
 
@@ -157,7 +167,6 @@ Ending Supervisor::allDone() const {
 Ending supervise(const TextJob& job) {
     const SignalWatch signals;
     const std::string base = TemporaryFolder::defaultBase();
-    TemporaryFolder::removeStale(base);
     platform::Result<TemporaryFolder> folder = TemporaryFolder::make(base);
     if (!folder) {
         tell(base, "cannot make a temporary folder: " + folder.fault().detail);

@@ -50,7 +50,8 @@ public:
 
 private:
     [[noreturn]] void work(pid_t watcher, std::size_t first) noexcept;
-    [[nodiscard]] std::optional<ChildEnd> watch(pid_t child, int& signal) const;
+    [[nodiscard]] std::optional<ChildEnd> watch(pid_t child, int& signal);
+    void removeStaleFolders();
     [[nodiscard]] Overrun overrun() const;
     [[nodiscard]] std::optional<Ending> judge(const ChildEnd& end);
     [[nodiscard]] std::optional<Ending> loseFile(const ChildEnd& end);
@@ -62,6 +63,7 @@ private:
     TemporaryFolder folder_;
     SharedProgress progress_;
     Output output_;
+    bool hasRemovedStaleFolders_ = false;
 };
 
 /// Does `job`: prepares what its workers need, and watches over them.

@@ -45,6 +45,10 @@ endif()
 # Paths in messages and debug information begin at the top of the tree.
 add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
 
+# What nobody calls is not linked.
+add_compile_options(-ffunction-sections -fdata-sections)
+add_link_options(LINKER:--gc-sections LINKER:--as-needed)
+
 if(PARLAVOX_SANITIZE)
     add_compile_options(-fsanitize=${PARLAVOX_SANITIZE} -fno-omit-frame-pointer
                         -fno-sanitize-recover=all)

@@ -46,7 +46,7 @@ void addProcessBenchmarks(const Packages& packages, Report& report) {
     const std::string path = packages.pathOf({10'000, 100, 10});
     const Command pvindex{PV_BENCH_PVINDEX, "text", path};
     const Command floor{PV_BENCH_FLOOR, path};
-    const Command python{PV_BENCH_PYTHON, "-S", "-E", PV_BENCH_SCRIPT, path};
+    const Command python{PV_BENCH_PYTHON, PV_BENCH_SCRIPT, path};
     checkThatOutputsAgree({pvindex, floor, python});
     report.begin("A whole process for one document of 10 kB");
     const std::string ours = add("Process: pvindex text", pvindex);

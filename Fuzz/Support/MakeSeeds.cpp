@@ -22,12 +22,14 @@ bool write(const std::filesystem::path& folder, const std::vector<fuzz::Seed>& s
 
 bool writeAll(const std::filesystem::path& top) {
     const auto text = top / "Platform/Text/corpus";
+    const auto zip = top / "Sources/CocoaExtensions/Zip/corpus";
     return write(top / "Platform/Foundation/corpus/property_list_fuzz",
                  fuzz::propertyListSeeds()) &&
            write(top / "Platform/Foundation/corpus/file_wrapper_fuzz", fuzz::fileWrapperSeeds()) &&
            write(text / "keyed_archive_fuzz", fuzz::keyedArchiveSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
-           write(top / "Sources/CocoaExtensions/Zip/corpus/zip_fuzz", fuzz::zipSeeds()) &&
+           write(zip / "raw_inflater_fuzz", fuzz::rawDeflateSeeds()) &&
+           write(zip / "zip_fuzz", fuzz::zipSeeds()) &&
            write(top / "Tools/pvdoc/corpus/marked_up_text_fuzz", fuzz::markedUpTextSeeds()) &&
            write(top / "Sources/Importer/corpus/importer_fuzz", fuzz::documentSeeds());
 }

@@ -1,5 +1,6 @@
 // Archives and whole documents.
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -133,7 +134,28 @@ std::vector<Seed> headerSeeds(const Data& text) {
     };
 }
 
+/// What the target takes: the size of the output, then the data.
+Data rawDeflate(std::string_view text, std::size_t size) {
+    std::string bytes{static_cast<char>(size & 0xFF), static_cast<char>(size >> 8)};
+    bytes += ZipBuilder().add("a", text).data.view();
+    return Data::copyOf(bytes);
+}
+
 }  // namespace
+
+std::vector<Seed> rawDeflateSeeds() {
+    std::string lines;
+    for (int i = 0; i < 200; ++i) {
+        lines += std::to_string(i * 7919) + ' ' + std::string(kLine);
+    }
+    return {
+        {"short", rawDeflate(kLine, kLine.size())},
+        {"long", rawDeflate(lines, lines.size())},
+        {"output-too-small", rawDeflate(lines, lines.size() - 1)},
+        {"output-too-large", rawDeflate(kLine, kLine.size() + 1)},
+        {"empty", rawDeflate("", 0)},
+    };
+}
 
 std::vector<Seed> zipSeeds() {
     std::vector<Seed> seeds = nameSeeds();

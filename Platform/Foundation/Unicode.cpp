@@ -1,5 +1,6 @@
 #include "Platform/Foundation/Unicode.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -124,15 +125,33 @@ char32_t codePointAt(std::u16string_view text, std::size_t& position) {
 }
 
 std::size_t utf8Length(std::u16string_view text) {
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i];
-        const bool pair =
-            isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
-        length += unit < 0x80 ? 1 : unit < 0x800 ? 2 : pair ? 4 : 3;
-        i += pair ? 1 : 0;
+    std::size_t length = text.size();
+    for (const char16_t unit : text) {
+        length += (unit > 0x7F ? 1u : 0u) + (unit > 0x7FF ? 1u : 0u);
     }
-    return length;
+    std::size_t pairs = 0;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        pairs += isHighSurrogate(text[i - 1]) && isLowSurrogate(text[i]) ? 1u : 0u;
+    }
+    // Each half of a pair was taken for a unit of three bytes.
+    return length - 2 * pairs;
+}
+
+/// The number of units from `position` on that are ASCII, four at a time.
+std::size_t asciiRunLength(std::u16string_view text, std::size_t position) {
+    const std::size_t start = position;
+    while (text.size() - position >= sizeof(std::uint64_t) / sizeof(char16_t)) {
+        std::uint64_t four = 0;
+        std::memcpy(&four, text.data() + position, sizeof four);
+        if ((four & 0xFF80FF80FF80FF80u) != 0) {
+            break;
+        }
+        position += sizeof four / sizeof(char16_t);
+    }
+    while (position < text.size() && text[position] < 0x80) {
+        ++position;
+    }
+    return position - start;
 }
 
 }  // namespace
@@ -156,9 +175,11 @@ std::string utf8FromUtf16(std::u16string_view text) {
     char* out = result.data();
     std::size_t position = 0;
     while (position < text.size()) {
-        if (text[position] < 0x80) {
-            *out++ = static_cast<char>(text[position++]);
-        } else {
+        const std::size_t run = asciiRunLength(text, position);
+        out = std::transform(text.begin() + position, text.begin() + position + run, out,
+                             [](char16_t unit) { return static_cast<char>(unit); });
+        position += run;
+        if (position < text.size()) {
             out = writeUtf8(out, codePointAt(text, position));
         }
     }

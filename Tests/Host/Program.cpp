@@ -56,10 +56,12 @@ int countAndEndOrphans() {
 
 }  // namespace
 
-Program::Program(std::vector<std::string> arguments, int output) {
+Program::Program(std::vector<std::string> arguments, int output,
+                 std::shared_ptr<test::TemporaryFolder> temporary)
+    : temporary_(std::move(temporary)) {
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     arguments.insert(arguments.begin(), "pvindex");
-    std::vector<std::string> variables = environmentWith(temporary_.path());
+    std::vector<std::string> variables = environmentWith(temporary_->path());
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);
     constexpr int kCreate = O_WRONLY | O_CREAT | O_APPEND;
@@ -85,7 +87,7 @@ ProgramRun Program::finish() {
     run.childrenLeft = countAndEndOrphans();
     run.output = contentOf(results_.path("out"));
     run.error = contentOf(results_.path("err"));
-    run.leftBehind = temporary_.names();
+    run.leftBehind = temporary_->names();
     return run;
 }
 

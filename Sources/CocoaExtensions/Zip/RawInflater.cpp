@@ -33,7 +33,12 @@ int RawInflater::begin(std::span<const std::byte> compressed) {
     // zlib's interface is not const, but it does not write to its input.
     stream_->next_in = reinterpret_cast<Bytef*>(const_cast<std::byte*>(compressed.data()));
     stream_->avail_in = static_cast<uInt>(compressed.size());
+    compressed_ = compressed;
     return code;
+}
+
+bool RawInflater::inflateWhole(std::span<std::byte> output) {
+    return wholeInflater_.inflate(compressed_, output);
 }
 
 int RawInflater::inflateInto(std::span<std::byte> output) {

@@ -1,4 +1,4 @@
-// Inflates raw deflate streams with zlib, one after the other.
+// Inflates raw deflate streams, one after the other.
 //
 // One thread at a time.
 
@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+
+#include "Platform/Foundation/WholeInflater.h"
 
 namespace parlavox {
 
@@ -27,6 +29,11 @@ public:
     /// Requires: below 4 GiB.
     [[nodiscard]] int begin(std::span<const std::byte> compressed);
 
+    /// Returns whether the input begins with a stream that fills `output` to the last byte. That is
+    /// the quick way, to be tried first; it does not use up input, and when it fails `output` may
+    /// hold anything.
+    [[nodiscard]] bool inflateWhole(std::span<std::byte> output);
+
     /// Inflates what is left of the input into `output` in one call and returns kStreamEnd when all
     /// of it fitted, kBufferError when output or input ended too early, or another code for damaged
     /// input. Requires: below 4 GiB.
@@ -36,6 +43,8 @@ private:
     struct Stream;
 
     std::unique_ptr<Stream> stream_;
+    std::span<const std::byte> compressed_;
+    platform::WholeInflater wholeInflater_;
     /// Whether zlib has made its state, which serves all streams.
     bool isReady_ = false;
 };

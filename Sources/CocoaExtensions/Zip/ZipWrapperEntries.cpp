@@ -95,9 +95,13 @@ std::optional<Data> ZipWrapper::dataForEntry(SZipFileInfo entry) const {
                 789);
         return std::nullopt;
     }
+    Buffer contents = Buffer::zeroed(entry.UncompressedSize);
+    if (inflater.inflateWhole(contents.span())) {
+        return Data::adopt(std::move(contents));
+    }
     // The declared size counts, by intention: a shorter stream leaves zeros at the end, and one of
     // up to twice the size gives twice the size.
-    Buffer contents = Buffer::zeroed(entry.UncompressedSize);
+    contents = Buffer::zeroed(entry.UncompressedSize);
     const int code = inflater.inflateInto(contents.span());
     if (code == RawInflater::kStreamEnd) {
         return Data::adopt(std::move(contents));
