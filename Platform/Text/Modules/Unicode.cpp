@@ -1,18 +1,19 @@
-// The module `boundaries`, over ICU: the root locale's rules for words and sentences.
+// The module `unicode`, over ICU. Words and sentences are those of the root locale's rules.
 
 #include <unicode/ubrk.h>
+#include <unicode/uchar.h>
 
 #include <array>
 #include <mutex>
 #include <vector>
 
-#include "Platform/Text/Modules/BoundaryModule.h"
+#include "Platform/Text/Modules/UnicodeModule.h"
 
 namespace {
 
-using platform::BoundaryFunctions;
 using platform::BoundaryIterator;
 using platform::BoundaryKind;
+using platform::UnicodeFunctions;
 
 constexpr std::size_t kMostIdle = 16;
 
@@ -101,7 +102,12 @@ bool isBehindWord(BoundaryIterator* iterator) {
     return ubrk_getRuleStatus(iteratorIn(iterator)) >= UBRK_WORD_NONE_LIMIT;
 }
 
-constexpr BoundaryFunctions kFunctions = {
+bool isLetter(char32_t codePoint) {
+    constexpr std::uint32_t kLettersAndMarks = U_GC_L_MASK | U_GC_M_MASK;
+    return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & kLettersAndMarks) != 0;
+}
+
+constexpr UnicodeFunctions kFunctions = {
     {[] {
         poolOf(BoundaryKind::Word).clear();
         poolOf(BoundaryKind::Sentence).clear();
@@ -113,13 +119,11 @@ constexpr BoundaryFunctions kFunctions = {
     [](BoundaryIterator* iterator, std::int32_t position) {
         return ubrk_following(iteratorIn(iterator), position);
     },
-    [](BoundaryIterator* iterator, std::int32_t position) {
-        return ubrk_preceding(iteratorIn(iterator), position);
-    },
-    [](BoundaryIterator* iterator, std::int32_t position) {
-        return ubrk_isBoundary(iteratorIn(iterator), position) != 0;
+    [](BoundaryIterator* iterator, std::int32_t boundary) {
+        ubrk_isBoundary(iteratorIn(iterator), boundary);
     },
     isBehindWord,
+    isLetter,
 };
 static_assert(UBRK_DONE == -1);
 
