@@ -25,5 +25,6 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
 [[nodiscard]] std::vector<Seed> documentSeeds();
+[[nodiscard]] std::vector<Seed> textAnalysisSeeds();
 
 }  // namespace fuzz
