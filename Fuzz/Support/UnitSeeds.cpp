@@ -19,11 +19,7 @@ Data question(std::uint32_t location, std::uint32_t length, std::uint8_t options
         }
     }
     bytes += static_cast<char>(options);
-    for (const char16_t unit : text) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    }
-    return Data::copyOf(bytes);
+    return Data::copyOf(bytes + littleEndianBytes(text));
 }
 
 }  // namespace
