@@ -29,6 +29,29 @@ function(pv_library target)
     pv_check_headers(${target} ${ARG_FOLDER})
 endfunction()
 
+# Adds a module of the text library, a shared object that is opened at need:
+# pv_module(name SOURCES file... LINK target...)
+#
+# Modules lie in the bundle, so that it stays whole wherever it is moved.
+function(pv_module name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    set(target pv_module_${name})
+    add_library(${target} MODULE ${ARG_SOURCES})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK})
+    target_include_directories(${target} PRIVATE ${CMAKE_BINARY_DIR}/include/pv_text)
+    if(NOT PARLAVOX_SANITIZE)
+        target_link_options(${target} PRIVATE LINKER:--no-undefined)
+    endif()
+    set(folder Parlavox.mdimporter/Contents/Linux/Modules)
+    set_target_properties(${target} PROPERTIES
+        PREFIX ""
+        SUFFIX ".so"
+        OUTPUT_NAME ${name}
+        LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder})
+    install(TARGETS ${target} LIBRARY DESTINATION lib/parlavox/${folder})
+    add_dependencies(pv_text ${target})
+endfunction()
+
 # Adds the target `<target>_headers`, which compiles each header of `folder` alone.
 function(pv_check_headers target folder)
     if(NOT PARLAVOX_DEVELOPER)

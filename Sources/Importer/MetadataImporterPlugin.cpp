@@ -39,6 +39,7 @@ MetadataImporterPluginType* AllocMetadataImporterPluginType(CFUUIDRef factoryID)
     instance->factoryID = static_cast<CFUUIDRef>(CFRetain(factoryID));
     CFPlugInAddInstanceForFactory(factoryID);
     instance->refCount = 1;
+    ++liveInstances;
     return instance;
 }
 
@@ -46,6 +47,9 @@ void DeallocMetadataImporterPluginType(MetadataImporterPluginType* instance) noe
     const CFUUIDRef factoryID = instance->factoryID;
     // The record goes first, by intention: only then the host hears of it.
     std::free(instance);
+    if (--liveInstances == 0) {
+        platform::releaseIdleResources();
+    }
     if (factoryID != nullptr) {
         CFPlugInRemoveInstanceForFactory(factoryID);
         CFRelease(factoryID);
