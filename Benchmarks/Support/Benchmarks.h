@@ -16,6 +16,12 @@ void addArchiveBenchmarks(Report& report);
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
 
+/// Units of a text one after the other, beside the library alone.
+void addEnumerationBenchmarks(Report& report);
+
+/// Steps from unit to unit in short and in long texts.
+void addNavigationBenchmarks(Report& report);
+
 /// The main job as a whole process.
 void addProcessBenchmarks(const Packages& packages, Report& report);
 

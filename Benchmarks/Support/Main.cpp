@@ -64,6 +64,8 @@ int main(int argc, char** argv) {
     bench::addPackageBenchmarks(packages, report);
     bench::addArchiveBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
+    bench::addEnumerationBenchmarks(report);
+    bench::addNavigationBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);
     Collector collector(report);

@@ -20,6 +20,9 @@ std::string describe(const Target& target) {
         case Target::Kind::AtMostMore:
             std::snprintf(text, sizeof text, "<= +%.4g", target.bound);
             break;
+        case Target::Kind::Below:
+            std::snprintf(text, sizeof text, "<= %.4g", target.bound);
+            break;
     }
     return text;
 }
@@ -32,6 +35,8 @@ bool isMet(const Target& target, double ours, double other) {
             return target.bound * ours <= other;
         case Target::Kind::AtMostMore:
             return ours <= other + target.bound;
+        case Target::Kind::Below:
+            return ours <= target.bound;
         case Target::Kind::None:
             break;
     }

@@ -14,10 +14,11 @@ namespace bench {
 /// What a measurement must be, seen from the one that it is compared with.
 struct Target {
     enum class Kind {
-        None,       ///< for information
-        AtMost,     ///< at most `bound` times the other
-        AtLeast,    ///< the other is at least `bound` times this
-        AtMostMore  ///< at most the other and `bound` on top
+        None,        ///< for information
+        AtMost,      ///< at most `bound` times the other
+        AtLeast,     ///< the other is at least `bound` times this
+        AtMostMore,  ///< at most the other and `bound` on top
+        Below        ///< at most `bound`, whatever the other
     };
     Kind kind = Kind::None;
     double bound = 0;
@@ -26,6 +27,7 @@ struct Target {
     static Target atMost(double times) { return {Kind::AtMost, times}; }
     static Target atLeast(double times) { return {Kind::AtLeast, times}; }
     static Target atMostMore(double amount) { return {Kind::AtMostMore, amount}; }
+    static Target below(double amount) { return {Kind::Below, amount}; }
 };
 
 /// One line of the table: two measurements by their names.

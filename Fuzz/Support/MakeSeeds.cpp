@@ -31,6 +31,9 @@ bool writeAll(const std::filesystem::path& top) {
            write(zip / "raw_inflater_fuzz", fuzz::rawDeflateSeeds()) &&
            write(zip / "zip_fuzz", fuzz::zipSeeds()) &&
            write(top / "Tools/pvdoc/corpus/marked_up_text_fuzz", fuzz::markedUpTextSeeds()) &&
+           write(top / "Sources/TextAnalysis/corpus/text_analysis_fuzz",
+                 fuzz::textAnalysisSeeds()) &&
+           write(top / "Sources/TextImport/corpus/import_utils_fuzz", fuzz::importUtilsSeeds()) &&
            write(top / "Sources/Importer/corpus/importer_fuzz", fuzz::documentSeeds());
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Platform/Foundation/Data.h"
@@ -17,6 +18,16 @@ struct Seed {
     platform::Data contents;
 };
 
+/// The bytes of a text in little-endian UTF-16.
+[[nodiscard]] inline std::string littleEndianBytes(std::u16string_view text) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
+
 [[nodiscard]] std::vector<Seed> propertyListSeeds();
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
@@ -25,5 +36,7 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
 [[nodiscard]] std::vector<Seed> documentSeeds();
+[[nodiscard]] std::vector<Seed> textAnalysisSeeds();
+[[nodiscard]] std::vector<Seed> importUtilsSeeds();
 
 }  // namespace fuzz

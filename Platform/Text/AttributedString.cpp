@@ -6,6 +6,18 @@
 
 namespace platform {
 
+void appendRun(std::vector<AttributeRun>& runs, std::uint64_t length,
+               const Attributes& attributes) {
+    if (length == 0) {
+        return;
+    }
+    if (!runs.empty() && runs.back().attributes == attributes) {
+        runs.back().length += length;
+    } else {
+        runs.push_back({length, attributes});
+    }
+}
+
 AttributedString::AttributedString() : AttributedString(std::u16string()) {
 }
 

@@ -28,6 +28,10 @@ struct AttributeRun {
     Attributes attributes;
 };
 
+/// Adds a run, unless it is empty; one that goes on with the attributes of the last becomes part of
+/// it.
+void appendRun(std::vector<AttributeRun>& runs, std::uint64_t length, const Attributes& attributes);
+
 /// Characters, and the attributes of each.
 class AttributedString : public Codable {
 public:

@@ -15,6 +15,9 @@
 
 namespace platform {
 
+/// The name of the attribute.
+inline constexpr char kAttachmentAttributeName[] = "NSAttachment";
+
 /// The character that stands for an attachment in a text.
 inline constexpr char16_t kAttachmentCharacter = 0xFFFC;
 

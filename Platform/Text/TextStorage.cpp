@@ -26,18 +26,6 @@ Place placeOf(const Runs& runs, std::uint64_t location) {
     return place;
 }
 
-/// Adds a run; one that goes on with the attributes of the last becomes part of it.
-void append(Runs& runs, std::uint64_t length, const Attributes& attributes) {
-    if (length == 0) {
-        return;
-    }
-    if (!runs.empty() && runs.back().attributes == attributes) {
-        runs.back().length += length;
-    } else {
-        runs.push_back({length, attributes});
-    }
-}
-
 void replaceRuns(Runs& runs, Range range, const Runs& replacement) {
     const Place start = placeOf(runs, range.location);
     const Place end = placeOf(runs, range.end());
@@ -46,16 +34,16 @@ void replaceRuns(Runs& runs, Range range, const Runs& replacement) {
     std::size_t behind = end.run;
     Runs pieces;
     if (start.offset > 0) {
-        append(pieces, start.offset, runs[start.run].attributes);
+        appendRun(pieces, start.offset, runs[start.run].attributes);
     } else if (start.run > 0) {
         --first;
-        append(pieces, runs[first].length, runs[first].attributes);
+        appendRun(pieces, runs[first].length, runs[first].attributes);
     }
     for (const AttributeRun& run : replacement) {
-        append(pieces, run.length, run.attributes);
+        appendRun(pieces, run.length, run.attributes);
     }
     if (end.run < runs.size()) {
-        append(pieces, runs[end.run].length - end.offset, runs[end.run].attributes);
+        appendRun(pieces, runs[end.run].length - end.offset, runs[end.run].attributes);
         ++behind;
     }
     const auto place = [&](std::size_t number) {
@@ -109,7 +97,7 @@ void TextStorage::replaceCharactersInRangeWithString(Range range, std::u16string
             ? runs()[placeOf(runs(), range.location - (range.length > 0 ? 0 : 1)).run].attributes
             : nullptr;
     Runs run;
-    append(run, string.size(), attributes);
+    appendRun(run, string.size(), attributes);
     replaceCharactersInRangeWithAttributedString(
         range, AttributedString(std::make_shared<const std::u16string>(std::move(string)),
                                 std::move(run)));

@@ -1,6 +1,9 @@
 #include "Sources/Importer/MetadataImporterPlugin.h"
 
+#include <atomic>
 #include <cstdlib>
+
+#include "Platform/Foundation/IdleResources.h"
 
 namespace {
 
@@ -14,6 +17,9 @@ constexpr MDImporterInterfaceStruct kInterfaceTable = {
     MetadataImporterPluginRelease,
     GetMetadataForFile,
 };
+
+/// While there is none, nothing is kept for a next use.
+constinit std::atomic<long> liveInstances = 0;
 
 MetadataImporterPluginType& instanceAt(void* instance) {
     return *static_cast<MetadataImporterPluginType*>(instance);

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* kExitStatuses =
     "Exit status:\n"
     "  0  done\n"
-    "  1  the file could not be read or written; explain: it gives no text\n"
+    "  1  the file could not be read or written, or has no text or no language that can be told\n"
     "  2  the command line is wrong\n";
 
 constexpr const char* kMarks =
@@ -37,6 +37,64 @@ void addLook(CLI::App& program, Request& request, const char* name, const char* 
     CLI::App& look = *program.add_subcommand(name, description);
     look.add_option("FILE", request.file, "What to look at")->type_name("")->required();
     look.footer(kExitStatuses);
+}
+
+/// What a command needs that lists parts of a text.
+struct ListingFlags {
+    bool isJson = false;
+    bool words = false;
+    bool sentences = false;
+    bool paragraphs = false;
+    std::vector<std::string> allowed;
+};
+
+CLI::App& addListing(CLI::App& program, Request& request, ListingFlags& flags, const char* name,
+                     const char* description) {
+    CLI::App& listing = *program.add_subcommand(name, description);
+    listing.add_option("FILE", request.file, "Any file that is imported; - is the standard input")
+        ->type_name("")
+        ->required();
+    listing.add_flag("--json", flags.isJson, "Print a JSON object a line instead of a table");
+    listing.footer("Locations and lengths count UTF-16 units.\n\n" + std::string(kExitStatuses));
+    return listing;
+}
+
+void addUnits(CLI::App& program, Request& request, ListingFlags& flags) {
+    CLI::App& units = addListing(program, request, flags, "units",
+                                 "Print the words, sentences or paragraphs of a text");
+    CLI::App& kinds = *units.add_option_group("Units");
+    kinds.add_flag("--words", flags.words, "Words, without what stands between them");
+    kinds.add_flag("--sentences", flags.sentences, "Sentences");
+    kinds.add_flag("--paragraphs", flags.paragraphs, "Paragraphs");
+    kinds.require_option(1);
+}
+
+void addLanguages(CLI::App& program, Request& request, ListingFlags& flags) {
+    CLI::App& languages = addListing(program, request, flags, "languages",
+                                     "Print which languages a text is written in, and where");
+    languages.add_option("--allow", flags.allowed, "Look for these languages alone, such as en,de")
+        ->type_name("CODES")
+        ->delimiter(',');
+}
+
+void apply(const ListingFlags& flags, Request& request) {
+    using platform::TextUnitKind;
+    request.form = flags.isJson ? ListingForm::JsonLines : ListingForm::Table;
+    request.unitKind = flags.sentences    ? TextUnitKind::Sentence
+                       : flags.paragraphs ? TextUnitKind::Paragraph
+                                          : TextUnitKind::Word;
+    if (!flags.allowed.empty()) {
+        request.allowed = flags.allowed;
+    }
+}
+
+Command chosenCommand(const CLI::App& program) {
+    const std::string name = program.get_subcommands().front()->get_name();
+    return name == "pack"      ? Command::Pack
+           : name == "info"    ? Command::Info
+           : name == "explain" ? Command::Explain
+           : name == "units"   ? Command::Units
+                               : Command::Languages;
 }
 
 /// The arguments, last one first as the library takes them. One in brackets would be taken for a
@@ -70,6 +128,7 @@ CommandLine CommandLine::read(int argc, const char* const* argv) {
     Request request;
     request.pack.compatibilityVersion = parlavox::kCompatibilityVersion;
     bool force = false;
+    ListingFlags flags;
     CLI::App program("A workshop for Parlavox documents.", "pvdoc");
     program.set_version_flag("--version", "pvdoc " PV_VERSION);
     program.require_subcommand(1);
@@ -77,15 +136,16 @@ CommandLine CommandLine::read(int argc, const char* const* argv) {
     addPack(program, request, force);
     addLook(program, request, "info", "Print a document's members, sizes, header and versions");
     addLook(program, request, "explain", "Print each decision on the way to a file's text");
+    addUnits(program, request, flags);
+    addLanguages(program, request, flags);
     try {
         program.parse(argumentsOf(argc, argv));
     } catch (const CLI::ParseError& error) {
         return answerTo(program, error);
     }
     request.pack.overwrite = force ? Overwrite::Yes : Overwrite::No;
-    request.command = program.got_subcommand("pack")   ? Command::Pack
-                      : program.got_subcommand("info") ? Command::Info
-                                                       : Command::Explain;
+    request.command = chosenCommand(program);
+    apply(flags, request);
     CommandLine answer;
     answer.request = std::move(request);
     return answer;

@@ -7,6 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "Platform/Text/TextUnits.h"
+#include "Sources/TextAnalysis/TextAnalyzeUtils.h"
+#include "Tools/pvdoc/Listing.h"
 #include "Tools/pvdoc/Pack.h"
 
 namespace pvdoc {
@@ -17,13 +20,16 @@ inline constexpr int kFailed = 1;
 inline constexpr int kWrongCommandLine = 2;
 
 /// What the program is to do.
-enum class Command { Pack, Info, Explain };
+enum class Command { Pack, Info, Explain, Units, Languages };
 
-/// A command with its options; `file` is what info and explain look at.
+/// A command with its options; `file` is what all but pack look at.
 struct Request {
     Command command = Command::Info;
     std::string file;
     PackOptions pack;
+    ListingForm form = ListingForm::Table;
+    platform::TextUnitKind unitKind = platform::TextUnitKind::Word;
+    parlavox::AllowedLanguages allowed;
 };
 
 /// A request or, without one, what to print and the status to end with.

@@ -8,10 +8,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Failure.h"
-#include "Platform/Foundation/MagicBytes.h"
-#include "Platform/Foundation/PathString.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
-#include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Foundation/Unicode.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Sources/Document/Document.h"
@@ -19,8 +16,10 @@
 #include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 #include "Tools/pvdoc/ArchiveListing.h"
+#include "Tools/pvdoc/FileType.h"
 #include "Tools/pvdoc/Header.h"
 #include "Tools/pvdoc/InputFile.h"
+#include "Tools/pvdoc/Languages.h"
 #include "Tools/pvdoc/ObjectSurvey.h"
 #include "Tools/pvdoc/Report.h"
 
@@ -30,35 +29,12 @@ using platform::AttributedString;
 using platform::Data;
 using platform::Dictionary;
 using platform::Result;
-using platform::TypeRegistry;
 using platform::Value;
 
 namespace {
 
 /// Runs beyond these are only counted.
 constexpr std::size_t kShownRuns = 20;
-
-std::string quoted(std::string_view text) {
-    return '"' + std::string(text) + '"';
-}
-
-/// The type of the file, with the reason added to the report.
-std::string typeOf(const std::string& path, const Data& contents, Report& report) {
-    const std::string extension = platform::pathExtension(path);
-    const auto types = TypeRegistry::typesForFilenameExtension(extension);
-    if (!types.empty()) {
-        report.add("type", std::string(types.front()) + ", as the extension " + quoted(extension) +
-                               " says");
-        return std::string(types.front());
-    }
-    const std::string_view bytes = contents.view();
-    const std::size_t look = std::min(bytes.size(), platform::kMagicBytes);
-    std::string type(
-        platform::typeOfBytes(bytes.substr(0, look), bytes.substr(bytes.size() - look)));
-    report.add("type", type + ", as the bytes look like it; the extension " + quoted(extension) +
-                           " says nothing");
-    return type;
-}
 
 void explainArchive(const Data& contents, Report& report) {
     const auto listing = listArchive(contents);
@@ -214,8 +190,9 @@ bool explainResult(const std::string& path, const std::string& type, Report& rep
         report.add("result", "not read: " + causeOfFailure());
         return false;
     }
-    report.add("result",
-               "text of " + counted(document->textStorage()->string().size(), "UTF-16 unit"));
+    const std::u16string& text = document->textStorage()->string();
+    reportLanguages(text, report);
+    report.add("result", "text of " + counted(text.size(), "UTF-16 unit"));
     return true;
 }
 
@@ -225,7 +202,8 @@ Result<Explanation> explain(const std::string& path) {
     const Data contents = PV_TRY(readFile(path));
     Report report;
     report.add("file", path + ", " + counted(contents.size(), "byte"));
-    const std::string type = typeOf(path, contents, report);
+    const auto [type, reason] = typeOfFile(path, contents);
+    report.add("type", type + ", " + reason);
     Explanation explanation;
     // Damage that an archive cannot be read beyond is raised, here as in the importer.
     try {

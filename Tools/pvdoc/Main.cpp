@@ -11,7 +11,9 @@
 #include "Tools/pvdoc/CommandLine.h"
 #include "Tools/pvdoc/Explain.h"
 #include "Tools/pvdoc/Info.h"
+#include "Tools/pvdoc/Languages.h"
 #include "Tools/pvdoc/Report.h"
+#include "Tools/pvdoc/Units.h"
 
 namespace {
 
@@ -43,10 +45,41 @@ int failAt(const std::string& file, const platform::Fault& fault) {
     return fail(file + ": " + fault.detail);
 }
 
-int print(const std::string& text, int status) {
-    const bool isWritten =
-        std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+void write(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+/// Ends with the status if all output could be written.
+int end(int status) {
+    const bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     return isWritten ? status : fail("standard output: cannot be written");
+}
+
+int print(const std::string& text, int status) {
+    write(text);
+    return end(status);
+}
+
+int explain(const std::string& file) {
+    const auto explained = pvdoc::explain(file);
+    if (!explained) {
+        return failAt(file, explained.fault());
+    }
+    return print(explained.value().report,
+                 explained.value().isRead ? pvdoc::kDone : pvdoc::kFailed);
+}
+
+int listUnits(const Request& request) {
+    const auto count = pvdoc::listUnits(request.file, request.unitKind, request.form, write);
+    return count ? end(pvdoc::kDone) : failAt(request.file, count.fault());
+}
+
+int listLanguages(const Request& request) {
+    const auto count = pvdoc::listLanguages(request.file, request.allowed, request.form, write);
+    if (!count) {
+        return failAt(request.file, count.fault());
+    }
+    return count.value() > 0 ? end(pvdoc::kDone) : fail(request.file + ": no language can be told");
 }
 
 int fulfil(const Request& request) {
@@ -60,15 +93,14 @@ int fulfil(const Request& request) {
             return report ? print(report.value(), pvdoc::kDone)
                           : failAt(request.file, report.fault());
         }
-        default: {
-            const auto explained = pvdoc::explain(request.file);
-            if (!explained) {
-                return failAt(request.file, explained.fault());
-            }
-            return print(explained.value().report,
-                         explained.value().isRead ? pvdoc::kDone : pvdoc::kFailed);
-        }
+        case pvdoc::Command::Units:
+            return listUnits(request);
+        case pvdoc::Command::Languages:
+            return listLanguages(request);
+        case pvdoc::Command::Explain:
+            break;
     }
+    return explain(request.file);
 }
 
 int run(int argc, const char* const* argv) {

@@ -17,8 +17,9 @@ void Report::add(std::string_view label, std::string_view text) {
     text_ += line + shownInLine(text) + '\n';
 }
 
-std::string counted(std::uint64_t count, std::string_view noun) {
-    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+std::string counted(std::uint64_t count, std::string_view noun, std::string_view plural) {
+    const std::string nouns = plural.empty() ? std::string(noun) + 's' : std::string(plural);
+    return std::to_string(count) + ' ' + (count == 1 ? std::string(noun) : nouns);
 }
 
 std::string shownInLine(std::string_view text) {

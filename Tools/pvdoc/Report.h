@@ -21,8 +21,10 @@ private:
     std::string text_;
 };
 
-/// Returns `count` and the noun in the singular or plural, "1 run", "2 runs".
-[[nodiscard]] std::string counted(std::uint64_t count, std::string_view noun);
+/// Returns `count` and the noun in the singular or plural, "1 run", "2 runs". Without a plural it
+/// is the singular with an s.
+[[nodiscard]] std::string counted(std::uint64_t count, std::string_view noun,
+                                  std::string_view plural = {});
 
 /// Returns the text with what would leave its line, or is no UTF-8, shown as question marks.
 [[nodiscard]] std::string shownInLine(std::string_view text);

@@ -6,41 +6,15 @@
 #include <vector>
 
 #include "Platform/Foundation/Exception.h"
+#include "Tests/Support/LetteredText.h"
 
 namespace platform {
 namespace {
 
-/// Attributes by the letter that stands for them here; '-' is for none.
-Attributes attributesOf(char letter) {
-    static const Attributes kA = std::make_shared<const Dictionary>();
-    static const Attributes kB = std::make_shared<const Dictionary>();
-    return letter == 'a' ? kA : letter == 'b' ? kB : nullptr;
-}
+using test::lettersOf;
 
-/// Text whose characters have the attributes that `letters` tells, in runs as short as these.
 AttributedString text(std::u16string characters, const std::string& letters) {
-    std::vector<AttributeRun> runs;
-    for (const char letter : letters) {
-        if (!runs.empty() && runs.back().attributes == attributesOf(letter)) {
-            ++runs.back().length;
-        } else {
-            runs.push_back({1, attributesOf(letter)});
-        }
-    }
-    return {std::make_shared<const std::u16string>(std::move(characters)), std::move(runs)};
-}
-
-/// The runs as letters, a "|" between each two of them.
-std::string lettersOf(const AttributedString& text) {
-    std::string letters;
-    for (const AttributeRun& run : text.runs()) {
-        letters += letters.empty() ? "" : "|";
-        const char letter = run.attributes == nullptr             ? '-'
-                            : run.attributes == attributesOf('a') ? 'a'
-                                                                  : 'b';
-        letters.append(run.length, letter);
-    }
-    return letters;
+    return test::letteredText(std::move(characters), letters);
 }
 
 TEST(TextStorage, AttributedTextReplacesCharactersAndRuns) {

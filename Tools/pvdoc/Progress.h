@@ -1,0 +1,34 @@
+// Tells a person at a terminal how far a long piece of work is.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace pvdoc {
+
+/// A line on the standard error that changes while the work goes on and is gone at its end.
+///
+/// It shows only for long texts, and where the standard error is a terminal but the standard
+/// output, which would be mixed with it, is not.
+class Progress {
+public:
+    /// `total` is how many UTF-16 units the work goes over.
+    Progress(std::string what, std::uint64_t total);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// Tells that the work has come to `position`.
+    void reach(std::uint64_t position);
+
+private:
+    void show(const std::string& state) const;
+
+    const std::string what_;
+    const std::uint64_t total_;
+    const bool isShown_;
+    std::uint64_t percent_ = 0;
+};
+
+}  // namespace pvdoc
