@@ -63,7 +63,7 @@ const char* eastAsianLanguage(const LetterCounts& counts) {
     // Japanese has forms of its own, and takes the others from both Chinese scripts, which do not
     // mix. A Chinese text may hold a few kana in names.
     const std::uint32_t japanese =
-        8 * (kana + counts.of(HanForm::Japanese)) + 4 * std::min(traditional, simplified);
+        5 * kana + 8 * counts.of(HanForm::Japanese) + 4 * std::min(traditional, simplified);
     if (japanese >= std::max(han, 1U)) {
         return "ja";
     }
@@ -116,6 +116,10 @@ const char* ownerOf(Script script) {
 /// Of languages that share a script.
 std::string likeliestLanguage(std::u16string_view string, Script script) {
     const LanguageText text = wordsInScript(string, script);
+    constexpr std::size_t kOneLetter = 3;  // with the marks of its word's ends
+    if (text.letters.size() <= kOneLetter) {
+        return kUndetermined;
+    }
     LanguageScores scores(script);
     scores.addCld2(text);
     scores.addWords(text);
