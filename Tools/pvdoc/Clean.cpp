@@ -53,6 +53,11 @@ void writeChange(std::u16string_view text, const Removal& removal, const Output&
     output(fmt::format("{:>10}  {}- {} -> {}{}\n", removal.location, first, second, first, second));
 }
 
+platform::AttributedString cleanedWithProgress(const platform::AttributedString& text) {
+    const Progress progress("clean-up", text.length(), Progress::Printing::AtTheEnd);
+    return parlavox::ImportUtils::createCleanCopyFromPDFString(text);
+}
+
 }  // namespace
 
 std::vector<Removal> removalsBetween(std::u16string_view before, std::u16string_view after) {
@@ -86,8 +91,7 @@ std::vector<Removal> removalsBetween(std::u16string_view before, std::u16string_
 platform::Result<std::uint64_t> clean(const std::string& file, CleanForm form,
                                       const Output& output) {
     const platform::AttributedString text = PV_TRY(textOfFile(file));
-    const Progress progress("clean-up", text.string().size());
-    const auto cleaned = parlavox::ImportUtils::createCleanCopyFromPDFString(text);
+    const platform::AttributedString cleaned = cleanedWithProgress(text);
     const std::vector<Removal> removals = removalsBetween(text.string(), cleaned.string());
     if (form == CleanForm::Text) {
         output(platform::utf8FromUtf16(cleaned.string()));

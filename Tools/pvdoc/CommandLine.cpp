@@ -78,6 +78,7 @@ void addLanguages(CLI::App& program, Request& request, ListingFlags& flags) {
                                      "Print which languages a text is written in, and where");
     languages.add_option("--allow", flags.allowed, "Look for these languages alone, such as en,de")
         ->type_name("CODES")
+        ->expected(1)
         ->delimiter(',');
 }
 

@@ -71,6 +71,7 @@ TEST(LanguageSpan, EndsBehindTheFirstLongSentenceThatEndsBehindTheLocation) {
 
 TEST(LanguageSpan, OfAPlaceOutsideOfTheTextIsARangeError) {
     EXPECT_THROW((void)start(kText, kText.size()), platform::RangeException);
+    EXPECT_THROW((void)start(kText, ~std::uint64_t{0}), platform::RangeException);
     EXPECT_THROW((void)end(kText, 0, kText.size() + 1), platform::RangeException);
     EXPECT_EQ(start(u"", 10), 0u) << "the first ten need no text";
 }

@@ -128,6 +128,9 @@ TEST(PvdocCommandLine, TakesAllowedLanguagesWithCommas) {
     EXPECT_EQ(answer.request->file, "-");
     EXPECT_EQ(answer.request->allowed, (std::vector<std::string>{"en", "de"}));
     EXPECT_FALSE(read({"languages", "a.txt"}).request->allowed);
+    const auto before = read({"languages", "--allow", "en,de", "a.txt", "--json"});
+    ASSERT_TRUE(before.request) << before.error;
+    EXPECT_EQ(before.request->file, "a.txt");
 }
 
 }  // namespace
