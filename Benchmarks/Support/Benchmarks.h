@@ -22,6 +22,9 @@ void addEnumerationBenchmarks(Report& report);
 /// Steps from unit to unit in short and in long texts.
 void addNavigationBenchmarks(Report& report);
 
+/// Segments of one language, beside the libraries below.
+void addSegmentationBenchmarks(Report& report);
+
 /// The main job as a whole process.
 void addProcessBenchmarks(const Packages& packages, Report& report);
 
