@@ -19,6 +19,9 @@ void addZipBenchmarks(const Packages& packages, Report& report);
 /// Units of a text one after the other, beside the library alone.
 void addEnumerationBenchmarks(Report& report);
 
+/// Languages of texts, beside a library alone.
+void addLanguageBenchmarks(Report& report);
+
 /// Steps from unit to unit in short and in long texts.
 void addNavigationBenchmarks(Report& report);
 

@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
     bench::addArchiveBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
     bench::addEnumerationBenchmarks(report);
+    bench::addLanguageBenchmarks(report);
     bench::addNavigationBenchmarks(report);
     bench::addSegmentationBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
