@@ -22,6 +22,9 @@ void addEnumerationBenchmarks(Report& report);
 /// Steps from unit to unit in short and in long texts.
 void addNavigationBenchmarks(Report& report);
 
+/// The clean-up of imported text.
+void addImportBenchmarks(Report& report);
+
 /// The main job as a whole process.
 void addProcessBenchmarks(const Packages& packages, Report& report);
 
