@@ -66,6 +66,7 @@ int main(int argc, char** argv) {
     bench::addZipBenchmarks(packages, report);
     bench::addEnumerationBenchmarks(report);
     bench::addNavigationBenchmarks(report);
+    bench::addSegmentationBenchmarks(report);
     bench::addImportBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);

@@ -9,9 +9,11 @@
 
 namespace bench {
 
-/// Returns text of about `units` UTF-16 units: English words in sentences of 5 to 20 words,
-/// paragraphs of about six.
-inline std::u16string sentencesOf(std::uint64_t units) {
+enum class Paragraphs : bool { One, Many };
+
+/// Returns text of about `units` UTF-16 units: English words in sentences of 5 to 20 words, in
+/// paragraphs of about six sentences or in a single one.
+inline std::u16string sentencesOf(std::uint64_t units, Paragraphs paragraphs = Paragraphs::Many) {
     static constexpr std::u16string_view kWords[] = {
         u"the",    u"a",     u"keeper",  u"climbed",  u"steps",  u"every",     u"evening",
         u"and",    u"lit",   u"lamp",    u"that",     u"showed", u"ships",     u"their",
@@ -29,7 +31,7 @@ inline std::u16string sentencesOf(std::uint64_t units) {
             text += words == 1 ? u"." : random() % 9 == 0 ? u", " : u" ";
         }
         text[start] = static_cast<char16_t>(text[start] - (text[start] >= u'a' ? 32 : 0));
-        text += random() % 6 == 0 ? u'\n' : u' ';
+        text += random() % 6 == 0 && paragraphs == Paragraphs::Many ? u'\n' : u' ';
     }
     return text;
 }

@@ -11,7 +11,7 @@ using ReleaseIdle = void (*)();
 
 /// Has `release` called by each releaseIdleResources from now on.
 ///
-/// Requires: at most 16 keepers in a process; the function stays where it is.
+/// Requires: at most 16 keepers in a program or plug-in; the function stays where it is.
 void addIdleResources(ReleaseIdle release);
 
 /// Frees all that is kept idle, as when the last user of the system has gone. It is made again when

@@ -30,8 +30,12 @@ bool ParagraphUnits::moveToPrevious() {
     return begin_ > 0 && moveTo(begin_ - 1);
 }
 
-TextUnit ParagraphUnits::unit() const {
-    return {{begin_, contentsEnd_ - begin_}, {begin_, end_ - begin_}};
+Range ParagraphUnits::substringRange() const {
+    return {begin_, contentsEnd_ - begin_};
+}
+
+Range ParagraphUnits::enclosingRange() {
+    return {begin_, end_ - begin_};
 }
 
 bool ParagraphUnits::isTerminator(std::size_t position) const {

@@ -15,7 +15,8 @@ public:
     [[nodiscard]] bool moveTo(std::uint64_t position) override;
     [[nodiscard]] bool moveToNext() override;
     [[nodiscard]] bool moveToPrevious() override;
-    [[nodiscard]] TextUnit unit() const override;
+    [[nodiscard]] Range substringRange() const override;
+    [[nodiscard]] Range enclosingRange() override;
 
 private:
     [[nodiscard]] bool isTerminator(std::size_t position) const;

@@ -2,7 +2,9 @@
 
 #pragma once
 
-#include "Platform/Text/Boundaries.h"
+#include <vector>
+
+#include "Platform/Text/BoundaryWalk.h"
 #include "Platform/Text/TextUnits.h"
 
 namespace platform {
@@ -10,20 +12,25 @@ namespace platform {
 class SentenceUnits final : public TextUnits {
 public:
     explicit SentenceUnits(std::u16string_view text)
-        : text_(text), boundaries_(BoundaryKind::Sentence, text) {}
+        : text_(text), walk_(BoundaryKind::Sentence, text) {}
 
     [[nodiscard]] bool moveToFirst() override { return moveTo(0); }
     [[nodiscard]] bool moveToLast() override;
     [[nodiscard]] bool moveTo(std::uint64_t position) override;
     [[nodiscard]] bool moveToNext() override;
     [[nodiscard]] bool moveToPrevious() override;
-    [[nodiscard]] TextUnit unit() const override;
+    [[nodiscard]] Range substringRange() const override;
+    [[nodiscard]] Range enclosingRange() override;
 
 private:
+    [[nodiscard]] bool findFrom(std::size_t start, std::size_t position);
+
     const std::u16string_view text_;
-    Boundaries boundaries_;
-    std::int32_t begin_ = 0;
-    std::int32_t end_ = 0;
+    BoundaryWalk walk_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    /// Where the sentences begin that are known to come before, in order.
+    std::vector<std::size_t> before_;
 };
 
 }  // namespace platform

@@ -7,15 +7,17 @@
 namespace platform {
 namespace {
 
-TextUnitKind kindOf(unsigned options) {
-    switch (const unsigned unit = options & 0xFF) {
-        case static_cast<unsigned>(TextUnitKind::Paragraph):
-        case static_cast<unsigned>(TextUnitKind::Word):
-        case static_cast<unsigned>(TextUnitKind::Sentence):
-            return static_cast<TextUnitKind>(unit);
-        default:
-            raise(InvalidArgumentException("no units of the kind " + std::to_string(unit)));
+TextUnitKind kindIn(unsigned options) {
+    const std::optional<TextUnitKind> kind = textUnitKindIn(options);
+    if (!kind) {
+        raise(InvalidArgumentException("no units of the kind " + std::to_string(options & 0xFF)));
     }
+    return *kind;
+}
+
+/// A range of a text's part as one of the text.
+Range shifted(Range range, std::uint64_t by) {
+    return {by + range.location, range.length};
 }
 
 }  // namespace
@@ -28,25 +30,21 @@ void enumerateSubstringsInRange(std::u16string_view string, Range range, unsigne
                              std::to_string(string.size()) + " units"));
     }
     const std::u16string_view part = string.substr(range.location, range.length);
-    const auto units = TextUnits::over(part, kindOf(options));
+    const auto units = TextUnits::over(part, kindIn(options));
     const bool isReverse = (options & kEnumerationReverse) != 0;
     const bool isRequired = (options & kEnumerationSubstringNotRequired) == 0;
     bool stop = false;
     bool isAtUnit = isReverse ? units->moveToLast() : units->moveToFirst();
-    while (isAtUnit && !stop) {
-        const TextUnit unit = units->unit();
+    while (isAtUnit) {
         EnumeratedSubstring found;
+        found.substringRange = shifted(units->substringRange(), range.location);
+        found.enclosingRange = shifted(units->enclosingRange(), range.location);
         if (isRequired) {
-            found.substring = part.substr(unit.substringRange.location, unit.substringRange.length);
+            found.substring =
+                string.substr(found.substringRange.location, found.substringRange.length);
         }
-        found.substringRange = {range.location + unit.substringRange.location,
-                                unit.substringRange.length};
-        found.enclosingRange = {range.location + unit.enclosingRange.location,
-                                unit.enclosingRange.length};
         usingBlock(found, stop);
-        if (!stop) {
-            isAtUnit = isReverse ? units->moveToPrevious() : units->moveToNext();
-        }
+        isAtUnit = !stop && (isReverse ? units->moveToPrevious() : units->moveToNext());
     }
 }
 

@@ -34,7 +34,8 @@ using SubstringHandler = std::function<void(const EnumeratedSubstring& unit, boo
 /// with kEnumerationReverse; both ways the same ones. What lies outside of the range is not seen: a
 /// unit that it cuts is given as it is cut. Costs what is visited.
 ///
-/// The kinds of units are those of TextUnitKind. Raises RangeException when the range does not lie
+/// The kinds of units are those of TextUnitKind; the flag of localized units has no effect, as they
+/// follow the root locale. Raises RangeException when the range does not lie
 /// in the text, and InvalidArgumentException for another unit than those.
 ///
 /// Selector: enumerateSubstringsInRange:options:usingBlock:

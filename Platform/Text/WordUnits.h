@@ -3,8 +3,9 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
-#include "Platform/Text/Boundaries.h"
+#include "Platform/Text/BoundaryWalk.h"
 #include "Platform/Text/TextUnits.h"
 
 namespace platform {
@@ -12,30 +13,33 @@ namespace platform {
 class WordUnits final : public TextUnits {
 public:
     explicit WordUnits(std::u16string_view text)
-        : size_(static_cast<std::int64_t>(text.size())), boundaries_(BoundaryKind::Word, text) {}
+        : size_(text.size()), walk_(BoundaryKind::Word, text) {}
 
-    [[nodiscard]] bool moveToFirst() override;
+    [[nodiscard]] bool moveToFirst() override { return moveTo(0); }
     [[nodiscard]] bool moveToLast() override;
     [[nodiscard]] bool moveTo(std::uint64_t position) override;
     [[nodiscard]] bool moveToNext() override;
     [[nodiscard]] bool moveToPrevious() override;
-    [[nodiscard]] TextUnit unit() const override;
+    [[nodiscard]] Range substringRange() const override;
+    [[nodiscard]] Range enclosingRange() override;
 
 private:
     struct Word {
-        std::int32_t begin;
-        std::int32_t end;
+        std::size_t begin = 0;
+        std::size_t end = 0;
     };
 
-    [[nodiscard]] std::optional<Word> wordFrom(std::int32_t boundary);
-    [[nodiscard]] std::optional<Word> wordUpTo(std::int32_t boundary);
-    [[nodiscard]] bool set(std::optional<Word> word);
+    [[nodiscard]] std::size_t startFor(std::size_t position, std::size_t distance) const;
+    [[nodiscard]] std::optional<Word> nextWord();
+    [[nodiscard]] bool findFrom(std::size_t start, std::size_t position);
+    [[nodiscard]] bool hasPrevious();
 
-    const std::int64_t size_;
-    Boundaries boundaries_;
-    // The neighbours say where the enclosing range ends and whether it begins with the text.
-    std::optional<Word> previous_;
-    Word word_{};
+    const std::size_t size_;
+    BoundaryWalk walk_;
+    /// Words that are known to come before, in order.
+    std::vector<Word> before_;
+    Word word_;
+    /// The neighbour behind, which ends the enclosing range.
     std::optional<Word> next_;
 };
 

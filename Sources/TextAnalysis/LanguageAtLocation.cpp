@@ -27,9 +27,11 @@ std::uint64_t TextAnalyzeUtils::startLocationForDeterminingLanguageSegmentsForSt
     if (targetLocation <= kMinimalSentenceLengthToDetectLanguage) {
         return 0;
     }
+    // The last location of 64 bits is no less outside of the text.
+    const std::uint64_t lengthUpTo = std::max(targetLocation, targetLocation + 1);
     std::uint64_t start = 0;
     platform::enumerateSubstringsInRange(
-        string, {0, targetLocation + 1}, kSentences | platform::kEnumerationReverse,
+        string, {0, lengthUpTo}, kSentences | platform::kEnumerationReverse,
         [&](const EnumeratedSubstring& sentence, bool& stop) {
             // A sentence of that length is not blank: it begins and ends with something visible.
             const Range enclosing = sentence.enclosingRange;

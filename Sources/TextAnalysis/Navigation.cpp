@@ -15,19 +15,6 @@ using platform::TextUnits;
 
 namespace {
 
-constexpr unsigned kUnitMask = 0xFF;
-
-std::optional<TextUnitKind> kindIn(unsigned options) {
-    switch (const unsigned unit = options & kUnitMask) {
-        case static_cast<unsigned>(TextUnitKind::Paragraph):
-        case static_cast<unsigned>(TextUnitKind::Word):
-        case static_cast<unsigned>(TextUnitKind::Sentence):
-            return static_cast<TextUnitKind>(unit);
-        default:
-            return std::nullopt;
-    }
-}
-
 /// A walk over a text's units in one direction.
 class Walk {
 public:
@@ -39,8 +26,12 @@ public:
 
     /// Goes to the first unit of the walk that meets `range`.
     bool beginAtUnitThatMeets(Range range) {
-        return units_->moveTo(characterThatIsMetFirst(range)) &&
-               PVIntersectionRange(units_->unit().enclosingRange, range) != NotFoundRange;
+        if (!units_->moveTo(characterThatIsMetFirst(range))) {
+            return false;
+        }
+        const bool endsBeyond64Bits = range.end() < range.location;
+        return !endsBeyond64Bits ||
+               PVIntersectionRange(units_->enclosingRange(), range) != NotFoundRange;
     }
 
     bool goOn() { return isReverse_ ? units_->moveToPrevious() : units_->moveToNext(); }
@@ -48,7 +39,7 @@ public:
     /// The range of the unit that it is at, or of the first one from there on that is not blank.
     Range firstNotBlank() {
         do {
-            const Range range = units_->unit().substringRange;
+            const Range range = units_->substringRange();
             if (!TextAnalyzeUtils::isStringEmpty(string_.substr(range.location, range.length))) {
                 return range;
             }
@@ -90,7 +81,7 @@ Range previous(std::u16string_view string, Range range, TextUnitKind kind) {
 
 Range TextAnalyzeUtils::rangeInString(std::u16string_view string, Range fromRange,
                                       unsigned withOptions, bool findNext) {
-    const std::optional<TextUnitKind> kind = kindIn(withOptions);
+    const std::optional<TextUnitKind> kind = platform::textUnitKindIn(withOptions);
     if (fromRange == NotFoundRange || !kind) {
         return NotFoundRange;
     }

@@ -1,8 +1,9 @@
 // Finds the words, sentences and paragraphs around a cursor, and the languages of a text.
 //
 // All positions and lengths count UTF-16 units. A unit's range is its own text without the white
-// space or separators that follow it. What is not there is NotFoundRange; no operation reports an
-// error. Pure functions; any thread at once.
+// space or separators that follow it. What is not there is NotFoundRange or absent. Texts of 2^31 -
+// 1 units or more can be divided into paragraphs alone; for all else they raise
+// InvalidArgumentException. Pure functions; any thread at once.
 // Navigation costs what lies between the current range and the unit that is found, not what the
 // text is long.
 
@@ -26,7 +27,8 @@ inline constexpr std::uint64_t kMinimalSentenceLengthToDetectLanguage = 10;
 /// How many characters on each side of a line-end hyphen are searched for a word.
 inline constexpr std::uint64_t kMaxLengthToFindNextWord = 100;
 
-/// Language codes in the order of preference; absent when every language is allowed.
+/// Language codes in the order of preference. Absent when every language is allowed; an empty list
+/// allows none.
 using AllowedLanguages = std::optional<std::vector<std::string>>;
 
 /// A class of class-level operations; there are no instances.

@@ -1,7 +1,10 @@
 #include "Tools/pvdoc/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iterator>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Sources/Document/PackageFormat.h"
@@ -39,9 +42,10 @@ void addLook(CLI::App& program, Request& request, const char* name, const char* 
     look.footer(kExitStatuses);
 }
 
-/// What a command needs that lists parts of a text.
+/// The flags of commands that show a text or its parts.
 struct ListingFlags {
     bool isJson = false;
+    bool isDiff = false;
     bool words = false;
     bool sentences = false;
     bool paragraphs = false;
@@ -74,12 +78,24 @@ void addLanguages(CLI::App& program, Request& request, ListingFlags& flags) {
                                      "Print which languages a text is written in, and where");
     languages.add_option("--allow", flags.allowed, "Look for these languages alone, such as en,de")
         ->type_name("CODES")
+        ->expected(1)
         ->delimiter(',');
+}
+
+void addClean(CLI::App& program, Request& request, ListingFlags& flags) {
+    CLI::App& clean = *program.add_subcommand(
+        "clean", "Print a text without NULs and without the hyphens of line ends");
+    clean.add_option("FILE", request.file, "Any file that is imported; - is the standard input")
+        ->type_name("")
+        ->required();
+    clean.add_flag("--diff", flags.isDiff, "Print what changes instead: place, before -> after");
+    clean.footer("Places count UTF-16 units.\n\n" + std::string(kExitStatuses));
 }
 
 void apply(const ListingFlags& flags, Request& request) {
     using platform::TextUnitKind;
     request.form = flags.isJson ? ListingForm::JsonLines : ListingForm::Table;
+    request.cleanForm = flags.isDiff ? CleanForm::Changes : CleanForm::Text;
     request.unitKind = flags.sentences    ? TextUnitKind::Sentence
                        : flags.paragraphs ? TextUnitKind::Paragraph
                                           : TextUnitKind::Word;
@@ -89,12 +105,14 @@ void apply(const ListingFlags& flags, Request& request) {
 }
 
 Command chosenCommand(const CLI::App& program) {
-    const std::string name = program.get_subcommands().front()->get_name();
-    return name == "pack"      ? Command::Pack
-           : name == "info"    ? Command::Info
-           : name == "explain" ? Command::Explain
-           : name == "units"   ? Command::Units
-                               : Command::Languages;
+    constexpr std::pair<std::string_view, Command> kCommands[] = {
+        {"pack", Command::Pack},   {"info", Command::Info},           {"explain", Command::Explain},
+        {"units", Command::Units}, {"languages", Command::Languages}, {"clean", Command::Clean},
+    };
+    const std::string chosen = program.get_subcommands().front()->get_name();
+    return std::find_if(std::begin(kCommands), std::end(kCommands),
+                        [&](const auto& command) { return command.first == chosen; })
+        ->second;
 }
 
 /// The arguments, last one first as the library takes them. One in brackets would be taken for a
@@ -138,6 +156,7 @@ CommandLine CommandLine::read(int argc, const char* const* argv) {
     addLook(program, request, "explain", "Print each decision on the way to a file's text");
     addUnits(program, request, flags);
     addLanguages(program, request, flags);
+    addClean(program, request, flags);
     try {
         program.parse(argumentsOf(argc, argv));
     } catch (const CLI::ParseError& error) {

@@ -9,6 +9,7 @@
 
 #include "Platform/Text/TextUnits.h"
 #include "Sources/TextAnalysis/TextAnalyzeUtils.h"
+#include "Tools/pvdoc/Clean.h"
 #include "Tools/pvdoc/Listing.h"
 #include "Tools/pvdoc/Pack.h"
 
@@ -20,7 +21,7 @@ inline constexpr int kFailed = 1;
 inline constexpr int kWrongCommandLine = 2;
 
 /// What the program is to do.
-enum class Command { Pack, Info, Explain, Units, Languages };
+enum class Command { Pack, Info, Explain, Units, Languages, Clean };
 
 /// A command with its options; `file` is what all but pack look at.
 struct Request {
@@ -30,6 +31,7 @@ struct Request {
     ListingForm form = ListingForm::Table;
     platform::TextUnitKind unitKind = platform::TextUnitKind::Word;
     parlavox::AllowedLanguages allowed;
+    CleanForm cleanForm = CleanForm::Text;
 };
 
 /// A request or, without one, what to print and the status to end with.

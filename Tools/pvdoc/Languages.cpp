@@ -16,6 +16,11 @@ namespace {
 /// Stretches beyond these are only counted in a report.
 constexpr std::size_t kReported = 20;
 
+auto segmentsWithProgress(std::u16string_view text, const parlavox::AllowedLanguages& allowed) {
+    const Progress progress("languages", text.size(), Progress::Printing::AtTheEnd);
+    return TextAnalyzeUtils::languageSegmentsForString(text, allowed);
+}
+
 }  // namespace
 
 platform::Result<std::uint64_t> listLanguages(const std::string& file,
@@ -23,8 +28,7 @@ platform::Result<std::uint64_t> listLanguages(const std::string& file,
                                               ListingForm form, const Output& output) {
     const platform::AttributedString text = PV_TRY(textOfFile(file));
     const std::u16string_view string = text.string();
-    const Progress progress("languages", string.size());
-    const auto segments = TextAnalyzeUtils::languageSegmentsForString(string, allowed);
+    const auto segments = segmentsWithProgress(string, allowed);
     if (!segments) {
         return std::uint64_t{0};
     }

@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "Platform/Foundation/Unicode.h"
+#include "Platform/Text/CharacterSet.h"
 #include "Tools/pvdoc/Report.h"
 
 namespace pvdoc {
@@ -22,13 +24,17 @@ Json rangeObject(Range range) {
     return {{"location", range.location}, {"length", range.length}};
 }
 
+/// For a line of a table; white space of any kind is a blank.
 std::string shown(std::u16string_view text) {
-    return shownInLine(platform::utf8FromUtf16(text));
+    std::u16string line(text);
+    std::replace_if(line.begin(), line.end(), platform::isWhitespaceOrNewline, u' ');
+    return shownInLine(platform::utf8FromUtf16(line));
 }
 
 std::string beginningOf(std::u16string_view text) {
     const bool isLong = text.size() > kShownUnits;
-    return shown(text.substr(0, kShownUnits)) + (isLong ? " ..." : "");
+    const bool isCutInPair = isLong && platform::isHighSurrogate(text[kShownUnits - 1]);
+    return shown(text.substr(0, kShownUnits - (isCutInPair ? 1 : 0))) + (isLong ? " ..." : "");
 }
 
 }  // namespace

@@ -15,7 +15,9 @@ using Output = std::function<void(std::string_view)>;
 
 enum class ListingForm : bool { Table, JsonLines };
 
-/// Writes one line for each stretch; locations and lengths count UTF-16 units.
+/// Writes one line for each stretch; locations and lengths count UTF-16 units. Texts are shown as
+/// they stand, also where an attachment's place or a NUL is among them, so that they fit the
+/// ranges.
 class Listing {
 public:
     /// `heading` names the table's last columns.

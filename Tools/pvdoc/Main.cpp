@@ -82,6 +82,11 @@ int listLanguages(const Request& request) {
     return count.value() > 0 ? end(pvdoc::kDone) : fail(request.file + ": no language can be told");
 }
 
+int clean(const Request& request) {
+    const auto count = pvdoc::clean(request.file, request.cleanForm, write);
+    return count ? end(pvdoc::kDone) : failAt(request.file, count.fault());
+}
+
 int fulfil(const Request& request) {
     switch (request.command) {
         case pvdoc::Command::Pack: {
@@ -97,6 +102,8 @@ int fulfil(const Request& request) {
             return listUnits(request);
         case pvdoc::Command::Languages:
             return listLanguages(request);
+        case pvdoc::Command::Clean:
+            return clean(request);
         case pvdoc::Command::Explain:
             break;
     }

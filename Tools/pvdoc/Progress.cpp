@@ -13,10 +13,11 @@ constexpr std::uint64_t kLongText = 2'000'000;
 
 }  // namespace
 
-Progress::Progress(std::string what, std::uint64_t total)
+Progress::Progress(std::string what, std::uint64_t total, Printing printing)
     : what_(std::move(what)),
       total_(total),
-      isShown_(total >= kLongText && ::isatty(STDERR_FILENO) != 0 && ::isatty(STDOUT_FILENO) == 0) {
+      isShown_(total >= kLongText && ::isatty(STDERR_FILENO) != 0 &&
+               (printing == Printing::AtTheEnd || ::isatty(STDOUT_FILENO) == 0)) {
     show("...");
 }
 

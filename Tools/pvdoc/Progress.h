@@ -13,8 +13,11 @@ namespace pvdoc {
 /// output, which would be mixed with it, is not.
 class Progress {
 public:
+    /// Whether output is written while the work goes on, or only behind its end.
+    enum class Printing : bool { Meanwhile, AtTheEnd };
+
     /// `total` is how many UTF-16 units the work goes over.
-    Progress(std::string what, std::uint64_t total);
+    Progress(std::string what, std::uint64_t total, Printing printing);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

@@ -10,7 +10,7 @@ platform::Result<std::uint64_t> listUnits(const std::string& file, platform::Tex
                                           ListingForm form, const Output& output) {
     const platform::AttributedString text = PV_TRY(textOfFile(file));
     const std::u16string& string = text.string();
-    Progress progress("units", string.size());
+    Progress progress("units", string.size(), Progress::Printing::Meanwhile);
     Listing listing(form, "text", output);
     std::uint64_t count = 0;
     platform::enumerateSubstringsInRange(string, {0, string.size()}, static_cast<unsigned>(kind),

@@ -75,6 +75,10 @@ void addEnumerationBenchmarks(Report& report) {
                     words, Target::none()});
     report.compare({"sentences", add("Units: sentences", enumerate, TextUnitKind::Sentence, 0U),
                     sentences, Target::atMost(kTimesLibrary)});
+    report.compare({"sentences in reverse",
+                    add("Units: sentences in reverse", enumerate, TextUnitKind::Sentence,
+                        static_cast<unsigned>(platform::kEnumerationReverse)),
+                    sentences, Target::none()});
     report.compare({"paragraphs", add("Units: paragraphs", enumerate, TextUnitKind::Paragraph, 0U),
                     sentences, Target::none()});
 }

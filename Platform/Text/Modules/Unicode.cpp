@@ -4,8 +4,8 @@
 #include <unicode/uchar.h>
 
 #include <array>
+#include <memory>
 #include <mutex>
-#include <vector>
 
 #include "Platform/Text/Modules/UnicodeModule.h"
 
@@ -14,8 +14,6 @@ namespace {
 using platform::BoundaryIterator;
 using platform::BoundaryKind;
 using platform::UnicodeFunctions;
-
-constexpr std::size_t kMostIdle = 16;
 
 UBreakIterator* iteratorIn(BoundaryIterator* iterator) {
     return reinterpret_cast<UBreakIterator*>(iterator);
@@ -28,47 +26,62 @@ public:
     explicit Pool(UBreakIteratorType type) : type_(type) {}
 
     UBreakIterator* take() {
-        const std::lock_guard lock(mutex_);
-        if (!idle_.empty()) {
-            UBreakIterator* const iterator = idle_.back();
-            idle_.pop_back();
-            return iterator;
+        std::shared_ptr<UBreakIterator> original;
+        {
+            const std::lock_guard lock(mutex_);
+            if (idleCount_ > 0) {
+                return idle_[--idleCount_];
+            }
+            original = original_;
+        }
+        if (original == nullptr) {
+            original = makeOriginal();
         }
         UErrorCode status = U_ZERO_ERROR;
-        if (original_ == nullptr) {
-            constexpr char kRootLocale[] = "";
-            original_ = ubrk_open(type_, kRootLocale, nullptr, 0, &status);
-        }
-        UBreakIterator* const iterator = original_ ? ubrk_clone(original_, &status) : nullptr;
+        UBreakIterator* const iterator =
+            original != nullptr ? ubrk_clone(original.get(), &status) : nullptr;
         return U_SUCCESS(status) ? iterator : nullptr;
     }
 
     void put(UBreakIterator* iterator) {
-        const std::lock_guard lock(mutex_);
-        if (idle_.size() < kMostIdle) {
-            idle_.push_back(iterator);
-        } else {
-            ubrk_close(iterator);
+        {
+            const std::lock_guard lock(mutex_);
+            if (idleCount_ < idle_.size()) {
+                idle_[idleCount_++] = iterator;
+                return;
+            }
         }
+        ubrk_close(iterator);
     }
 
     void clear() {
         const std::lock_guard lock(mutex_);
-        for (UBreakIterator* iterator : idle_) {
-            ubrk_close(iterator);
+        while (idleCount_ > 0) {
+            ubrk_close(idle_[--idleCount_]);
         }
-        idle_ = {};
-        if (original_ != nullptr) {
-            ubrk_close(original_);
-            original_ = nullptr;
-        }
+        original_.reset();
     }
 
 private:
+    std::shared_ptr<UBreakIterator> makeOriginal() {
+        constexpr char kRootLocale[] = "";
+        UErrorCode status = U_ZERO_ERROR;
+        UBreakIterator* const made = ubrk_open(type_, kRootLocale, nullptr, 0, &status);
+        if (U_FAILURE(status)) {
+            return nullptr;
+        }
+        // Where two threads were first, the one that comes last is kept.
+        const std::lock_guard lock(mutex_);
+        return original_ = std::shared_ptr<UBreakIterator>(made, ubrk_close);
+    }
+
+    static constexpr std::size_t kMostIdle = 16;
+
     std::mutex mutex_;
     const UBreakIteratorType type_;
-    UBreakIterator* original_ = nullptr;
-    std::vector<UBreakIterator*> idle_;
+    std::shared_ptr<UBreakIterator> original_;
+    std::array<UBreakIterator*, kMostIdle> idle_{};
+    std::size_t idleCount_ = 0;
 };
 
 Pool& poolOf(BoundaryKind kind) {
@@ -77,24 +90,15 @@ Pool& poolOf(BoundaryKind kind) {
     return pools[static_cast<std::size_t>(kind)];
 }
 
-bool setText(UBreakIterator* iterator, const char16_t* text, std::int32_t length) {
+bool setText(BoundaryIterator* iterator, const char16_t* text, std::int32_t length) {
     UErrorCode status = U_ZERO_ERROR;
-    ubrk_setText(iterator, text, length, &status);
+    ubrk_setText(iteratorIn(iterator), text, length, &status);
     return U_SUCCESS(status);
-}
-
-BoundaryIterator* lend(BoundaryKind kind, const char16_t* text, std::int32_t length) {
-    UBreakIterator* const iterator = poolOf(kind).take();
-    if (iterator != nullptr && !setText(iterator, text, length)) {
-        ubrk_close(iterator);
-        return nullptr;
-    }
-    return reinterpret_cast<BoundaryIterator*>(iterator);
 }
 
 void giveBack(BoundaryKind kind, BoundaryIterator* iterator) {
     // The text may go now, and an idle iterator must not point to it.
-    setText(iteratorIn(iterator), u"", 0);
+    setText(iterator, u"", 0);
     poolOf(kind).put(iteratorIn(iterator));
 }
 
@@ -107,23 +111,45 @@ bool isLetter(char32_t codePoint) {
     return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & kLettersAndMarks) != 0;
 }
 
+bool startsSentencesOver(char32_t codePoint) {
+    switch (u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_SENTENCE_BREAK)) {
+        case U_SB_LOWER:
+        case U_SB_UPPER:
+        case U_SB_OLETTER:
+        case U_SB_NUMERIC:
+        case U_SB_SCONTINUE:
+        case U_SB_OTHER:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool startsWordsOver(char32_t codePoint) {
+    switch (u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_WORD_BREAK)) {
+        case U_WB_EXTEND:
+        case U_WB_FORMAT:
+        case U_WB_ZWJ:
+        case U_WB_WSEGSPACE:
+            return false;
+        default:
+            return true;
+    }
+}
+
 constexpr UnicodeFunctions kFunctions = {
     {[] {
         poolOf(BoundaryKind::Word).clear();
         poolOf(BoundaryKind::Sentence).clear();
     }},
-    lend,
+    [](BoundaryKind kind) { return reinterpret_cast<BoundaryIterator*>(poolOf(kind).take()); },
     giveBack,
+    setText,
     [](BoundaryIterator* iterator) { return ubrk_next(iteratorIn(iterator)); },
-    [](BoundaryIterator* iterator) { return ubrk_previous(iteratorIn(iterator)); },
-    [](BoundaryIterator* iterator, std::int32_t position) {
-        return ubrk_following(iteratorIn(iterator), position);
-    },
-    [](BoundaryIterator* iterator, std::int32_t boundary) {
-        ubrk_isBoundary(iteratorIn(iterator), boundary);
-    },
     isBehindWord,
     isLetter,
+    startsSentencesOver,
+    startsWordsOver,
 };
 static_assert(UBRK_DONE == -1);
 

@@ -1,8 +1,8 @@
-// What the module `unicode` offers: iterators over the boundaries of words and sentences, and the
+// What the module `unicode` offers: walks over the boundaries of words and sentences, and the
 // properties of characters.
 //
-// Positions count UTF-16 units from the start of the text. A boundary that is not there is -1. An
-// iterator belongs to one thread at a time; different ones to different threads.
+// Positions count UTF-16 units from the start of the text. An iterator belongs to one thread at a
+// time; different ones to different threads.
 
 #pragma once
 
@@ -20,23 +20,26 @@ struct BoundaryIterator;
 struct UnicodeFunctions : ModuleHead {
     static constexpr char kName[] = "unicode";
 
-    /// Lends an iterator over `length` units at `text`, which must stay as they are until it is
-    /// given back; at their start. Null when there is no memory. Requires: length below 2 GiB.
-    BoundaryIterator* (*lend)(BoundaryKind kind, const char16_t* text, std::int32_t length);
+    /// Lends an iterator; null when it cannot be made.
+    BoundaryIterator* (*lend)(BoundaryKind kind);
     void (*giveBack)(BoundaryKind kind, BoundaryIterator* iterator);
 
-    /// Where there is none, the iterator stays.
+    /// Puts the iterator at the start of `length` units, which must stay as they are until it gets
+    /// another text or is given back. Whether it could.
+    bool (*setText)(BoundaryIterator* iterator, const char16_t* text, std::int32_t length);
+    /// Goes to the next boundary; -1 at the end.
     std::int32_t (*next)(BoundaryIterator* iterator);
-    std::int32_t (*previous)(BoundaryIterator* iterator);
-    /// Goes to the first boundary behind a position.
-    std::int32_t (*following)(BoundaryIterator* iterator, std::int32_t position);
-    /// Goes to a position, which is a boundary.
-    void (*goTo)(BoundaryIterator* iterator, std::int32_t boundary);
     /// Whether what lies before the iterator's boundary is a word and not what lies between words.
     bool (*isBehindWord)(BoundaryIterator* iterator);
 
     /// Whether the general category of a code point is one of letters or marks.
     bool (*isLetter)(char32_t codePoint);
+    /// Whether the boundaries behind a code point don't depend on what stands before it: it is no
+    /// sentence end, nothing that may follow one up to the boundary, and no extension of another.
+    bool (*startsSentencesOver)(char32_t codePoint);
+    /// Whether there is a boundary of words before a code point that stands behind white space: it
+    /// is neither white space nor an extension of it.
+    bool (*startsWordsOver)(char32_t codePoint);
 };
 
 }  // namespace platform

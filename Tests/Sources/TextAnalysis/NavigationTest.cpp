@@ -4,7 +4,10 @@
 
 #include <random>
 #include <string>
+#include <thread>
+#include <vector>
 
+#include "Platform/Foundation/IdleResources.h"
 #include "Platform/Text/SubstringEnumeration.h"
 #include "Sources/TextAnalysis/TextAnalyzeUtils.h"
 #include "Tests/Support/Segments.h"
@@ -49,6 +52,7 @@ TEST(Navigation, GoesFromWordToWord) {
         {"next of a selection is behind its first", Utils::rangeOfNextWordInString, {1, 6}, {4, 3}},
         {"previous of a selection is its last", Utils::rangeOfPreviousWordInString, {1, 8}, {8, 5}},
         {"beyond the end", Utils::rangeOfCurrentWordInString, {14, 1}, NotFoundRange},
+        {"current at 0 of a blank beginning", Utils::rangeOfCurrentWordInString, {0, 1}, {0, 3}},
         {"previous beyond the end", Utils::rangeOfPreviousWordInString, {14, 0}, NotFoundRange},
         {"not found", Utils::rangeOfCurrentWordInString, NotFoundRange, NotFoundRange},
     };
@@ -68,6 +72,19 @@ TEST(Navigation, GoesFromSentenceToSentence) {
     // A selection of two: the first one forwards, the second one backwards.
     EXPECT_EQ(Utils::rangeOfCurrentSentenceInString(kText, {2, 10}), (Range{0, 7}));
     EXPECT_EQ(Utils::rangeInString(kText, {2, 10}, kSentences | kReverse, false), (Range{8, 8}));
+}
+
+TEST(Navigation, BackwardsFromTheEndTakesTheLastUnitThatIsNotBlank) {
+    constexpr std::u16string_view kText = u"one\ntwo\n \n";
+    for (const bool findNext : {false, true}) {
+        EXPECT_EQ(Utils::rangeInString(kText, {10, 0}, kParagraphs | kReverse, findNext),
+                  (Range{4, 3}));
+        EXPECT_EQ(Utils::rangeInString(kThreeWords, {13, 0}, kWords | kReverse, findNext),
+                  (Range{8, 5}));
+    }
+    EXPECT_EQ(Utils::rangeInString(kThreeWords, {4, 0}, kWords | kReverse, false), (Range{4, 3}));
+    EXPECT_EQ(Utils::rangeOfCurrentParagraphInString(u"\none", {0, 0}), (Range{1, 3}));
+    EXPECT_EQ(Utils::rangeOfCurrentSentenceInString(kText, {10, 0}), NotFoundRange);
 }
 
 TEST(Navigation, GoesOverBlankParagraphs) {
@@ -133,7 +150,7 @@ Range literalSearch(std::u16string_view string, Range from, unsigned options, bo
     return result;
 }
 
-std::u16string randomText(std::mt19937& random) {
+std::u16string randomText(std::mt19937& random, int mostPieces) {
     static constexpr std::u16string_view kPieces[] = {
         u"word",
         u"it's",
@@ -167,7 +184,7 @@ std::u16string randomText(std::mt19937& random) {
         u"_",
     };
     std::u16string text;
-    const auto count = std::uniform_int_distribution(0, 14)(random);
+    const auto count = std::uniform_int_distribution(0, mostPieces)(random);
     for (int i = 0; i < count; ++i) {
         const auto last = std::size(kPieces) + 1;
         const auto choice = std::uniform_int_distribution<std::size_t>(0, last)(random);
@@ -183,7 +200,7 @@ std::u16string randomText(std::mt19937& random) {
 TEST(Navigation, EqualsTheWalkOverAllUnitsForEveryRange) {
     std::mt19937 random(20261120);
     for (int i = 0; i < 150; ++i) {
-        const std::u16string text = randomText(random);
+        const std::u16string text = randomText(random, 14);
         SCOPED_TRACE(platform::utf8FromUtf16(text));
         for (std::uint64_t location = 0; location <= text.size() + 1; ++location) {
             const std::uint64_t most = text.size() + 2 - location;
@@ -205,6 +222,59 @@ TEST(Navigation, EqualsTheWalkOverAllUnitsForEveryRange) {
                 }
             }
         }
+    }
+}
+
+TEST(Navigation, EqualsTheWalkInLongTexts) {
+    std::mt19937 random(17);
+    for (int i = 0; i < 12; ++i) {
+        const std::u16string text = randomText(random, 900);
+        std::uniform_int_distribution<std::uint64_t> location(0, text.size());
+        for (int question = 0; question < 60; ++question) {
+            const Range from{location(random), question % 3 == 0 ? location(random) : 0};
+            for (const unsigned unit : {kParagraphs, kWords, kSentences}) {
+                for (const unsigned options : {unit, unit | kReverse}) {
+                    const bool findNext = question % 2 == 0;
+                    ASSERT_EQ(Utils::rangeInString(text, from, options, findNext),
+                              literalSearch(text, from, options, findNext))
+                        << platform::utf8FromUtf16(text) << from.location << ", " << from.length
+                        << ", " << options;
+                }
+            }
+        }
+    }
+}
+
+TEST(Navigation, ThreadsDoNotMeet) {
+    std::mt19937 random(4);
+    const std::u16string text = randomText(random, 60);
+    std::vector<Range> want;
+    const auto ask = [&](std::vector<Range>& answers) {
+        for (std::uint64_t location = 0; location <= text.size(); ++location) {
+            for (const Operation operation :
+                 {Utils::rangeOfCurrentWordInString, Utils::rangeOfNextWordInString,
+                  Utils::rangeOfPreviousWordInString, Utils::rangeOfCurrentSentenceInString,
+                  Utils::rangeOfNextSentenceInString, Utils::rangeOfPreviousSentenceInString,
+                  Utils::rangeOfCurrentParagraphInString, Utils::rangeOfNextParagraphInString,
+                  Utils::rangeOfPreviousParagraphInString}) {
+                answers.push_back(operation(text, {location, 0}));
+            }
+        }
+    };
+    ask(want);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i) {
+        threads.emplace_back([&] {
+            std::vector<Range> answers;
+            ask(answers);
+            EXPECT_EQ(answers, want);
+            platform::releaseIdleResources();
+            EXPECT_EQ(Utils::languageSegmentsForString(text, std::nullopt).has_value(),
+                      Utils::languageCodeForString(text, 0, std::nullopt).has_value());
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
     }
 }
 

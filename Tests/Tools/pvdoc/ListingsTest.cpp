@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "Tests/Support/TemporaryFolder.h"
+#include "Tools/pvdoc/Clean.h"
 #include "Tools/pvdoc/CommandLine.h"
 #include "Tools/pvdoc/Units.h"
 
@@ -59,6 +62,49 @@ TEST(PvdocUnits, NeedAFileWithText) {
               ~std::uint64_t{0});
 }
 
+TEST(PvdocClean, FindsWhatWasTakenOut) {
+    struct Row {
+        const char* name;
+        std::u16string_view before;
+        std::u16string_view after;
+        std::vector<std::pair<std::uint64_t, Removal::Kind>> want;
+    };
+    using enum Removal::Kind;
+    using namespace std::string_view_literals;
+    const Row rows[] = {
+        {"nothing", u"well- known", u"well- known", {}},
+        {"a hyphen", u"exam- ple", u"example", {{4, Hyphen}}},
+        {"one of two", u"a well- known exam- ple", u"a well- known example", {{18, Hyphen}}},
+        {"the first of two", u"exam- ple of well- known", u"example of well- known", {{4, Hyphen}}},
+        {"NULs", u"\0a\0\0"sv, u"a", {{0, Nul}, {2, Nul}, {3, Nul}}},
+        {"a NUL inside of a hyphen",
+         u"ex-\0 am\0- ple"sv,
+         u"example",
+         {{2, Hyphen}, {3, Nul}, {7, Nul}, {8, Hyphen}}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<std::pair<std::uint64_t, Removal::Kind>> found;
+        for (const Removal& removal : removalsBetween(row.before, row.after)) {
+            found.emplace_back(removal.location, removal.kind);
+        }
+        EXPECT_EQ(found, row.want);
+    }
+}
+
+TEST(PvdocClean, PrintsTheTextOrWhatChanges) {
+    const test::TemporaryFolder folder;
+    folder.write("a.txt", "An exam- ple of a well- known one.\n");
+    const auto output = [&](CleanForm form) {
+        std::string text;
+        EXPECT_TRUE(
+            clean(folder.path("a.txt"), form, [&](std::string_view more) { text += more; }));
+        return text;
+    };
+    EXPECT_EQ(output(CleanForm::Text), "An example of a well- known one.\n");
+    EXPECT_EQ(output(CleanForm::Changes), "         7  exam- ple -> example\n");
+}
+
 CommandLine read(std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "pvdoc");
     return CommandLine::read(static_cast<int>(arguments.size()), arguments.data());
@@ -82,6 +128,9 @@ TEST(PvdocCommandLine, TakesAllowedLanguagesWithCommas) {
     EXPECT_EQ(answer.request->file, "-");
     EXPECT_EQ(answer.request->allowed, (std::vector<std::string>{"en", "de"}));
     EXPECT_FALSE(read({"languages", "a.txt"}).request->allowed);
+    const auto before = read({"languages", "--allow", "en,de", "a.txt", "--json"});
+    ASSERT_TRUE(before.request) << before.error;
+    EXPECT_EQ(before.request->file, "a.txt");
 }
 
 }  // namespace
