@@ -68,6 +68,7 @@ int main(int argc, char** argv) {
     bench::addLanguageBenchmarks(report);
     bench::addNavigationBenchmarks(report);
     bench::addSegmentationBenchmarks(report);
+    bench::addImportBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);
     Collector collector(report);
