@@ -19,6 +19,9 @@
 
 #include "Platform/Text/Modules/SpellingModule.h"
 
+/// The library's own count of those who need its table of letters; not in its headers.
+int initialize_utf_tbl() __attribute__((weak));
+
 namespace {
 
 using platform::SpellingFunctions;
@@ -114,22 +117,47 @@ private:
     std::vector<Entry> entries_ = std::vector<Entry>(kPlaces);
 };
 
-/// The library keeps a table for all its dictionaries together and counts them without a lock, so
-/// that they come and go one after the other. Words may be looked up meanwhile.
+/// What serves one thread at a time.
+struct Checker {
+    explicit Checker(const std::string& path)
+        : words((path + ".aff").c_str(), (path + ".dic").c_str()),
+          encoder(words.get_dict_encoding()) {}
+
+    Hunspell words;
+    Encoder encoder;
+};
+
+/// The library keeps one table of letters for all dictionaries in UTF-8 and counts them without a
+/// lock, so that dictionaries come and go one after the other. Words may be looked up meanwhile.
 std::mutex coming;
 
 struct Unload {
-    void operator()(Hunspell* words) const {
+    void operator()(Checker* checker) const {
         const std::lock_guard lock(coming);
-        delete words;
+        // The library counts those in UTF-8 when they come, but all when they go. Without this, the
+        // table would go before its time.
+        if (checker->words.get_dict_encoding() != "UTF-8" && initialize_utf_tbl != nullptr) {
+            initialize_utf_tbl();
+        }
+        delete checker;
     }
 };
 
-using Words = std::unique_ptr<Hunspell, Unload>;
+using LoadedChecker = std::unique_ptr<Checker, Unload>;
 
-Words loadedFrom(const std::string& path) {
-    const std::lock_guard lock(coming);
-    return Words(new Hunspell((path + ".aff").c_str(), (path + ".dic").c_str()));
+/// Null when there is no such dictionary, or none that can be used.
+LoadedChecker load(const std::string& path) {
+    // The library takes a file that it cannot read for an empty one.
+    if (::access((path + ".aff").c_str(), R_OK) != 0 ||
+        ::access((path + ".dic").c_str(), R_OK) != 0) {
+        return nullptr;
+    }
+    LoadedChecker checker;
+    {
+        const std::lock_guard lock(coming);
+        checker.reset(new Checker(path));
+    }
+    return checker->encoder.isUsable() ? std::move(checker) : nullptr;
 }
 
 class Dictionary {
@@ -154,30 +182,10 @@ public:
     }
 
 private:
-    /// What serves one thread at a time.
-    struct Checker {
-        explicit Checker(const std::string& path)
-            : words(loadedFrom(path)), encoder(words->get_dict_encoding()) {}
-
-        Words words;
-        Encoder encoder;
-    };
-
-    [[nodiscard]] bool isReadable() const {
-        // The library takes a file that it cannot read for an empty one.
-        return ::access((path_ + ".aff").c_str(), R_OK) == 0 &&
-               ::access((path_ + ".dic").c_str(), R_OK) == 0;
-    }
-
     /// Null when the dictionary cannot be loaded. Requires: mutex_ is held.
     Checker* checker() {
         if (!wasLoaded_) {
-            if (isReadable()) {
-                checker_ = std::make_unique<Checker>(path_);
-            }
-            if (checker_ && !checker_->encoder.isUsable()) {
-                checker_.reset();
-            }
+            checker_ = load(path_);
             wasLoaded_ = true;
         }
         return checker_.get();
@@ -196,14 +204,14 @@ private:
             return std::nullopt;
         }
         const auto bytes = loaded->encoder.encode(word);
-        return bytes && loaded->words->spell(*bytes);
+        return bytes && loaded->words.spell(*bytes);
     }
 
     const std::string path_;
     Memo memo_;
     std::mutex mutex_;
     /// Guarded by mutex_, as the next.
-    std::unique_ptr<Checker> checker_;
+    LoadedChecker checker_;
     bool wasLoaded_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <thread>
 
@@ -156,6 +157,25 @@ TEST(SpellChecker, VerdictsStayWhenTheyAreRemembered) {
                       std::string(language) == "hi");
         }
         releaseIdleResources();
+    }
+}
+
+TEST(SpellChecker, OneDictionaryOutlivesOthers) {
+    // It is asked again and again and stays, while they put each other out. Capitals show whether
+    // it still knows small letters from large ones.
+    const SpellChecker checker = checkerOfData();
+    const std::u16string capitals[] = {u"LAMP",  u"Lamps",  u"KEEPER", u"Keepers",
+                                       u"TOWER", u"Towers", u"LIGHT",  u"Lighthouse",
+                                       u"HOUSE", u"Well",   u"KNOWN",  u"CAF\u00C9S"};
+    const char* const others[] = {"de", "ru", "bg", "th", "hi"};
+    std::size_t turn = 0;
+    for (const std::u16string& word : capitals) {
+        EXPECT_EQ(checker.checkSpellingOfString(word, 0, "en"), kNothing) << turn;
+        for (int i = 0; i < 2; ++i) {
+            const char* const other = others[turn++ % std::size(others)];
+            EXPECT_EQ(checker.checkSpellingOfString(u"xqz", 0, other) == kNothing,
+                      std::string(other) == "hi");
+        }
     }
 }
 

@@ -39,8 +39,8 @@ std::string countedTag(std::u16string_view stretch) {
 /// The rule as it is told, step by step and without a memory.
 class Model {
 public:
-    Model(std::u16string_view string, AllowedLanguages allowed)
-        : string_(string), allowed_(std::move(allowed)) {}
+    Model(std::u16string_view string, const AllowedLanguages& allowed)
+        : string_(string), allowed_(allowed) {}
 
     [[nodiscard]] Code languageAt(std::uint64_t location) const {
         if (string_.empty() || location > string_.size()) {
@@ -257,7 +257,8 @@ TEST(LanguageFinder, SpansBeginAndEndAsTheRuleHasIt) {
         if (text.empty()) {
             continue;
         }
-        const Model model(text, std::nullopt);
+        const AllowedLanguages all;
+        const Model model(text, all);
         LanguageSpanStarts starts(text);
         LanguageSpanStarts startsInAnyOrder(text);
         for (std::uint64_t location = 0; location < text.size(); ++location) {
