@@ -18,39 +18,6 @@ using platform::SpellChecker;
 
 namespace {
 
-constexpr std::u16string_view kHyphenAndBlank = u"- ";
-
-/// Where the text has its next "- " at `from` or behind it; npos when there is none.
-std::size_t findHyphenAndBlank(std::u16string_view text, std::size_t from) {
-    while (true) {
-        const std::size_t hyphen = platform::findUnit(text, kHyphenAndBlank.front(), from);
-        if (hyphen == std::u16string_view::npos ||
-            text.substr(hyphen).starts_with(kHyphenAndBlank)) {
-            return hyphen;
-        }
-        from = hyphen + 1;
-    }
-}
-
-/// The ranges of the line-end hyphens in a text, each with its blank.
-std::vector<Range> hyphensToDelete(std::u16string_view text) {
-    std::size_t found = findHyphenAndBlank(text, 0);
-    if (found == std::u16string_view::npos) {
-        return {};
-    }
-    const SpellChecker checker = SpellChecker::sharedSpellChecker();
-    LineEndHyphens hyphens(text, checker, checker.availableLanguages());
-    std::vector<Range> ranges;
-    while (found != std::u16string_view::npos) {
-        const Range range{found, kHyphenAndBlank.size()};
-        if (hyphens.shouldDelete(range)) {
-            ranges.push_back(range);
-        }
-        found = findHyphenAndBlank(text, range.end());
-    }
-    return ranges;
-}
-
 bool hasAttachment(const AttributeRun& run) {
     const auto* const attachment =
         run.attributes ? run.attributes->find(platform::kAttachmentAttributeName) : nullptr;
@@ -95,7 +62,13 @@ AttributedString ImportUtils::createCopyWithoutAttachments(const AttributedStrin
 
 AttributedString ImportUtils::createCleanCopyFromPDFString(const AttributedString& string) {
     AttributedString clean = createCleanCopy(string);
-    const std::vector<Range> deleted = hyphensToDelete(clean.string());
+    if (platform::findUnit(clean.string(), u'-', 0) == std::u16string::npos) {
+        // Nobody need look what dictionaries there are.
+        return clean;
+    }
+    const SpellChecker checker = SpellChecker::sharedSpellChecker();
+    const std::vector<Range> deleted =
+        LineEndHyphens(clean.string(), checker, checker.availableLanguages()).rangesToDelete();
     if (deleted.empty()) {
         return clean;
     }

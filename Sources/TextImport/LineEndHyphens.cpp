@@ -1,9 +1,12 @@
 #include "Sources/TextImport/LineEndHyphens.h"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "Platform/Foundation/Exception.h"
 #include "Platform/Text/SubstringEnumeration.h"
+#include "Platform/Text/UnitSearch.h"
 
 namespace parlavox {
 
@@ -26,6 +29,20 @@ std::optional<Range> firstWord(std::u16string_view string, Range part, unsigned 
     return word;
 }
 
+constexpr std::u16string_view kHyphenAndBlank = u"- ";
+
+/// Where the text has its next "- " at `from` or behind it; npos when there is none.
+std::size_t findHyphenAndBlank(std::u16string_view text, std::size_t from) {
+    while (true) {
+        const std::size_t hyphen = platform::findUnit(text, kHyphenAndBlank.front(), from);
+        if (hyphen == std::u16string_view::npos ||
+            text.substr(hyphen).starts_with(kHyphenAndBlank)) {
+            return hyphen;
+        }
+        from = hyphen + 1;
+    }
+}
+
 }  // namespace
 
 bool LineEndHyphens::shouldDelete(Range hyphen) {
@@ -34,23 +51,65 @@ bool LineEndHyphens::shouldDelete(Range hyphen) {
                                        " of a text of " + std::to_string(string_.size()) +
                                        " units"));
     }
-    if (hyphen.location == 0 || hyphen.end() == string_.size()) {
+    const auto word = brokenWordAt(hyphen);
+    if (!word) {
         return false;
+    }
+    const auto language = checkedLanguageOf(*word);
+    return !language || shouldJoin(*word, *language);
+}
+
+std::vector<Range> LineEndHyphens::rangesToDelete() {
+    std::vector<Range> ranges;
+    std::map<std::string, std::vector<BrokenWord>> wordsByLanguage;
+    for (std::size_t found = findHyphenAndBlank(string_, 0); found != std::u16string_view::npos;
+         found = findHyphenAndBlank(string_, found + kHyphenAndBlank.size())) {
+        const auto word = brokenWordAt({found, kHyphenAndBlank.size()});
+        if (!word) {
+            continue;
+        }
+        if (const auto language = checkedLanguageOf(*word)) {
+            wordsByLanguage[*language].push_back(*word);
+        } else {
+            ranges.push_back(word->hyphen);
+        }
+    }
+    for (const auto& [language, words] : wordsByLanguage) {
+        for (const BrokenWord& word : words) {
+            if (shouldJoin(word, language)) {
+                ranges.push_back(word.hyphen);
+            }
+        }
+    }
+    std::sort(ranges.begin(), ranges.end(), [](const Range& first, const Range& second) {
+        return first.location < second.location;
+    });
+    return ranges;
+}
+
+/// The word that a hyphen breaks; nothing when it does not stand directly between two words.
+std::optional<LineEndHyphens::BrokenWord> LineEndHyphens::brokenWordAt(Range hyphen) const {
+    if (hyphen.location == 0 || hyphen.end() == string_.size()) {
+        return std::nullopt;
     }
     const auto start = startOfWordBefore(hyphen.location);
     const auto end = start ? endOfWordBehind(hyphen.end()) : std::nullopt;
-    if (!end) {
-        return false;
-    }
-    const auto language = languages_.languageCodeAtLocation(*start);
-    if (!language || !canCheck(*language)) {
-        return true;
-    }
-    const std::u16string_view apart = string_.substr(*start, *end - *start);
+    return end ? std::optional(BrokenWord{hyphen, {*start, *end - *start}}) : std::nullopt;
+}
+
+/// The language whose spelling decides; nothing when none does.
+std::optional<std::string> LineEndHyphens::checkedLanguageOf(const BrokenWord& word) {
+    auto language = languages_.languageCodeAtLocation(word.apart.location);
+    return language && canCheck(*language) ? std::move(language) : std::nullopt;
+}
+
+/// Whether a word is right when it is joined, or wrong as it stands.
+bool LineEndHyphens::shouldJoin(const BrokenWord& word, const std::string& language) const {
+    const std::u16string_view apart = string_.substr(word.apart.location, word.apart.length);
     std::u16string joined(apart);
-    joined.erase(hyphen.location - *start, hyphen.length);
+    joined.erase(word.hyphen.location - word.apart.location, word.hyphen.length);
     const auto isRight = [&](std::u16string_view text) {
-        return checker_.checkSpellingOfString(text, 0, *language).length == 0;
+        return checker_.checkSpellingOfString(text, 0, language).length == 0;
     };
     return isRight(joined) || !isRight(apart);
 }

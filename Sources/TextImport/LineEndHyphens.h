@@ -34,7 +34,20 @@ public:
     /// Raises RangeException when the range does not lie in the text.
     [[nodiscard]] bool shouldDelete(platform::Range hyphen);
 
+    /// Returns the ranges of all "- " that are to be deleted, in the order of the text. Asks for
+    /// the words of one language after those of another, so that each dictionary is loaded once.
+    [[nodiscard]] std::vector<platform::Range> rangesToDelete();
+
 private:
+    /// A "- " directly between two words, and the words with what is between them.
+    struct BrokenWord {
+        platform::Range hyphen;
+        platform::Range apart;
+    };
+
+    [[nodiscard]] std::optional<BrokenWord> brokenWordAt(platform::Range hyphen) const;
+    [[nodiscard]] std::optional<std::string> checkedLanguageOf(const BrokenWord& word);
+    [[nodiscard]] bool shouldJoin(const BrokenWord& word, const std::string& language) const;
     [[nodiscard]] std::optional<std::uint64_t> startOfWordBefore(std::uint64_t end) const;
     [[nodiscard]] std::optional<std::uint64_t> endOfWordBehind(std::uint64_t start) const;
     [[nodiscard]] bool canCheck(const std::string& language) const;

@@ -114,6 +114,24 @@ private:
     std::vector<Entry> entries_ = std::vector<Entry>(kPlaces);
 };
 
+/// The library keeps a table for all its dictionaries together and counts them without a lock, so
+/// that they come and go one after the other. Words may be looked up meanwhile.
+std::mutex coming;
+
+struct Unload {
+    void operator()(Hunspell* words) const {
+        const std::lock_guard lock(coming);
+        delete words;
+    }
+};
+
+using Words = std::unique_ptr<Hunspell, Unload>;
+
+Words loadedFrom(const std::string& path) {
+    const std::lock_guard lock(coming);
+    return Words(new Hunspell((path + ".aff").c_str(), (path + ".dic").c_str()));
+}
+
 class Dictionary {
 public:
     explicit Dictionary(std::string path) : path_(std::move(path)) {}
@@ -122,7 +140,7 @@ public:
 
     SpellingVerdict check(std::u16string_view word) {
         if (word.empty() || word.size() > kLongestWord) {
-            return loaded() ? SpellingVerdict::Misspelled : SpellingVerdict::NoDictionary;
+            return isLoadable() ? SpellingVerdict::Misspelled : SpellingVerdict::NoDictionary;
         }
         std::optional<bool> isRight = memo_.isRight(word);
         if (!isRight) {
@@ -139,10 +157,9 @@ private:
     /// What serves one thread at a time.
     struct Checker {
         explicit Checker(const std::string& path)
-            : words((path + ".aff").c_str(), (path + ".dic").c_str()),
-              encoder(words.get_dict_encoding()) {}
+            : words(loadedFrom(path)), encoder(words->get_dict_encoding()) {}
 
-        Hunspell words;
+        Words words;
         Encoder encoder;
     };
 
@@ -152,38 +169,40 @@ private:
                ::access((path_ + ".dic").c_str(), R_OK) == 0;
     }
 
-    void load() {
-        if (isReadable()) {
-            checker_ = std::make_unique<Checker>(path_);
-            if (!checker_->encoder.isUsable()) {
+    /// Null when the dictionary cannot be loaded. Requires: mutex_ is held.
+    Checker* checker() {
+        if (!wasLoaded_) {
+            if (isReadable()) {
+                checker_ = std::make_unique<Checker>(path_);
+            }
+            if (checker_ && !checker_->encoder.isUsable()) {
                 checker_.reset();
             }
+            wasLoaded_ = true;
         }
-        wasLoaded_ = true;
+        return checker_.get();
     }
 
-    bool loaded() {
+    bool isLoadable() {
         const std::lock_guard lock(mutex_);
-        if (!wasLoaded_) {
-            load();
-        }
-        return checker_ != nullptr;
+        return checker() != nullptr;
     }
 
     /// Whether the word is right; nothing without a dictionary.
     std::optional<bool> lookUp(std::u16string_view word) {
-        if (!loaded()) {
+        const std::lock_guard lock(mutex_);
+        Checker* const loaded = checker();
+        if (loaded == nullptr) {
             return std::nullopt;
         }
-        const std::lock_guard lock(mutex_);
-        const auto bytes = checker_->encoder.encode(word);
-        return bytes && checker_->words.spell(*bytes);
+        const auto bytes = loaded->encoder.encode(word);
+        return bytes && loaded->words->spell(*bytes);
     }
 
     const std::string path_;
     Memo memo_;
     std::mutex mutex_;
-    /// Null when it cannot be loaded. Guarded by mutex_, as the next.
+    /// Guarded by mutex_, as the next.
     std::unique_ptr<Checker> checker_;
     bool wasLoaded_ = false;
 };
@@ -192,12 +211,15 @@ private:
 class Shelf {
 public:
     std::shared_ptr<Dictionary> dictionaryAt(std::string_view path) {
+        // To free a dictionary takes a while, so it goes when the lock is gone.
+        std::shared_ptr<Dictionary> last;
         const std::lock_guard lock(mutex_);
         auto found = std::find_if(recent_.begin(), recent_.end(), [&](const auto& dictionary) {
             return dictionary->path() == path;
         });
         if (found == recent_.end()) {
             if (recent_.size() == kMostLoaded) {
+                last = std::move(recent_.back());
                 recent_.pop_back();
             }
             found = recent_.insert(recent_.end(), std::make_shared<Dictionary>(std::string(path)));
@@ -207,8 +229,9 @@ public:
     }
 
     void clear() {
+        std::vector<std::shared_ptr<Dictionary>> all;
         const std::lock_guard lock(mutex_);
-        recent_.clear();
+        all.swap(recent_);
     }
 
 private:

@@ -191,6 +191,53 @@ TEST(LineEndHyphens, TheLanguageIsThatOfTheFirstWord) {
     });
 }
 
+TEST(LineEndHyphens, TogetherTheyAreDecidedAsEachAlone) {
+    // The first letter of a sentence tells its language.
+    const LanguageTagging tagging = [](std::u16string_view stretch) -> std::string {
+        switch (stretch.front()) {
+            case u'E':
+                return "en";
+            case u'D':
+                return "de";
+            case u'R':
+                return "ru";
+            case u'B':
+                return "bg";
+            case u'T':
+                return "th";
+            default:
+                return "und";
+        }
+    };
+    const SpellChecker checker({test::dataPath("spelling").string()});
+    const std::vector<std::u16string> sentences = {
+        u"E: the well- known light- house, so lamp- lamp, xq- zz. ",
+        u"D: der Turm- w\u00E4rter, \u00FCber- H\u00F6he, Gr\u00FC- \u00DFe. ",
+        u"R: \u043C\u0430- \u044F\u043A \u0441\u0432\u0435\u0442- \u043C\u0430\u044F\u043A - 1- "
+        u"2. ",
+        u"B: \u0444\u0430- \u0440 \u0444\u0430\u0440- \u0444\u0430\u0440. ",
+        u"T: \u0E41\u0E2A\u0E07- \u0E41\u0E2A\u0E07. ",
+        u"- 1234567890- 12. ",
+    };
+    std::u16string text;
+    for (std::size_t i = 0; i < 60; ++i) {
+        text += sentences[i * 7 % sentences.size()];
+    }
+    std::vector<platform::Range> want;
+    std::size_t count = 0;
+    for (std::size_t at = text.find(u"- "); at != std::u16string::npos;
+         at = text.find(u"- ", at + 2), ++count) {
+        LineEndHyphens rule(text, checker, checker.availableLanguages(), tagging);
+        if (rule.shouldDelete({at, 2})) {
+            want.push_back({at, 2});
+        }
+    }
+    EXPECT_GT(want.size(), 60U);
+    EXPECT_LT(want.size(), count - 60);
+    LineEndHyphens rule(text, checker, checker.availableLanguages(), tagging);
+    EXPECT_EQ(rule.rangesToDelete(), want);
+}
+
 TEST(LineEndHyphens, DictionariesOfOtherEncodingsDecide) {
     const SpellChecker checker({test::dataPath("spelling").string()});
     const Languages& languages = checker.availableLanguages();
