@@ -25,6 +25,12 @@ void addLanguageBenchmarks(Report& report);
 /// Steps from unit to unit in short and in long texts.
 void addNavigationBenchmarks(Report& report);
 
+/// The clean-up of imported text.
+void addImportBenchmarks(Report& report);
+
+/// Segments of one language, beside the libraries below.
+void addSegmentationBenchmarks(Report& report);
+
 /// The main job as a whole process.
 void addProcessBenchmarks(const Packages& packages, Report& report);
 

@@ -67,6 +67,8 @@ int main(int argc, char** argv) {
     bench::addEnumerationBenchmarks(report);
     bench::addLanguageBenchmarks(report);
     bench::addNavigationBenchmarks(report);
+    bench::addSegmentationBenchmarks(report);
+    bench::addImportBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);
     Collector collector(report);

@@ -43,9 +43,7 @@ std::optional<std::string> LanguageFinder::languageBefore(std::uint64_t end) {
             break;
         }
         ends.push_back(end);
-        const std::uint64_t start =
-            TextAnalyzeUtils::startLocationForDeterminingLanguageSegmentsForString(string_,
-                                                                                   end - 1);
+        const std::uint64_t start = starts_->startFor(end - 1);
         language =
             LanguageSpans(string_.substr(0, end), start, allowed_, tagging_).languageAtEnd(end);
         end = start;

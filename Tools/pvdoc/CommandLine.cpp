@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -49,7 +50,7 @@ struct ListingFlags {
     bool words = false;
     bool sentences = false;
     bool paragraphs = false;
-    std::vector<std::string> allowed;
+    std::string allowed;
 };
 
 CLI::App& addListing(CLI::App& program, Request& request, ListingFlags& flags, const char* name,
@@ -77,9 +78,7 @@ void addLanguages(CLI::App& program, Request& request, ListingFlags& flags) {
     CLI::App& languages = addListing(program, request, flags, "languages",
                                      "Print which languages a text is written in, and where");
     languages.add_option("--allow", flags.allowed, "Look for these languages alone, such as en,de")
-        ->type_name("CODES")
-        ->expected(1)
-        ->delimiter(',');
+        ->type_name("CODES");
 }
 
 void addClean(CLI::App& program, Request& request, ListingFlags& flags) {
@@ -100,7 +99,11 @@ void apply(const ListingFlags& flags, Request& request) {
                        : flags.paragraphs ? TextUnitKind::Paragraph
                                           : TextUnitKind::Word;
     if (!flags.allowed.empty()) {
-        request.allowed = flags.allowed;
+        request.allowed.emplace();
+        std::istringstream codes(flags.allowed);
+        for (std::string code; std::getline(codes, code, ',');) {
+            request.allowed->push_back(code);
+        }
     }
 }
 

@@ -3,10 +3,13 @@
 // The input begins with a location and a length, four bytes each, and one byte of options; the rest
 // is the text, little-endian.
 
+#include <algorithm>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "Fuzz/Support/Input.h"
+#include "Platform/Text/SubstringEnumeration.h"
 #include "Sources/TextAnalysis/TextAnalyzeUtils.h"
 
 namespace {
@@ -59,6 +62,57 @@ void navigate(const Question& question) {
     }
 }
 
+/// The units of a part of the text, in both directions.
+void enumerate(const Question& question) {
+    const std::u16string_view text = question.text;
+    const Range part{std::min<std::uint64_t>(question.range.location, text.size()),
+                     question.range.length % (text.size() + 1)};
+    const Range inside{part.location, std::min(part.length, text.size() - part.location)};
+    for (const auto kind : {platform::TextUnitKind::Paragraph, platform::TextUnitKind::Word,
+                            platform::TextUnitKind::Sentence}) {
+        std::vector<Range> forwards;
+        platform::enumerateSubstringsInRange(
+            text, inside, static_cast<unsigned>(kind),
+            [&](const platform::EnumeratedSubstring& unit, bool&) {
+                const std::uint64_t end =
+                    forwards.empty() ? inside.location : forwards.back().end();
+                fuzz::expect(unit.enclosingRange.location == end, "units follow one another");
+                forwards.push_back(unit.enclosingRange);
+            });
+        fuzz::expect(forwards.empty() || forwards.back().end() == inside.end(),
+                     "units reach to the end");
+        platform::enumerateSubstringsInRange(
+            text, inside, static_cast<unsigned>(kind) | platform::kEnumerationReverse,
+            [&](const platform::EnumeratedSubstring& unit, bool&) {
+                fuzz::expect(!forwards.empty() && forwards.back() == unit.enclosingRange,
+                             "both ways give the same units");
+                forwards.pop_back();
+            });
+        fuzz::expect(forwards.empty(), "both ways give all units");
+    }
+}
+
+void askForSpans(const Question& question) {
+    const std::u16string_view text = question.text;
+    fuzz::allowExceptions([&] {
+        const std::uint64_t location = question.range.location;
+        const auto start =
+            Utils::startLocationForDeterminingLanguageSegmentsForString(text, location);
+        fuzz::expect(start <= text.size() && (start == 0 || start <= location),
+                     "a span begins before its place");
+        const auto end =
+            Utils::endLocationForDeterminingLanguageSegmentsForString(text, location, start);
+        fuzz::expect(end <= text.size() && (end > start || text.size() == start),
+                     "a span ends in the text");
+    });
+    const parlavox::AllowedLanguages allowed{{"de", "en"}};
+    const auto code = Utils::languageCodeForString(text, question.range.location, allowed);
+    fuzz::expect(!code || *code == "de" || *code == "en", "only allowed languages are found");
+    const auto empty = Utils::isStringEmpty(text);
+    fuzz::expect(!empty || !Utils::languageSegmentsForString(text, std::nullopt),
+                 "an empty text has no language");
+}
+
 void segment(const Question& question) {
     const auto segments = Utils::languageSegmentsForString(question.text, std::nullopt);
     std::uint64_t position = 0;
@@ -83,6 +137,8 @@ void segment(const Question& question) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const Question question = questionIn(bytes, size);
     navigate(question);
+    enumerate(question);
+    askForSpans(question);
     segment(question);
     return 0;
 }

@@ -39,8 +39,8 @@ std::string countedTag(std::u16string_view stretch) {
 /// The rule as it is told, step by step and without a memory.
 class Model {
 public:
-    Model(std::u16string_view string, AllowedLanguages allowed)
-        : string_(string), allowed_(std::move(allowed)) {}
+    Model(std::u16string_view string, const AllowedLanguages& allowed)
+        : string_(string), allowed_(allowed) {}
 
     [[nodiscard]] Code languageAt(std::uint64_t location) const {
         if (string_.empty() || location > string_.size()) {
