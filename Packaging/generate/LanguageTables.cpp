@@ -177,7 +177,8 @@ std::string listDefinition() {
     std::string source = "constinit const LanguageList kLanguageLists[kSharedScriptCount] = {\n";
     for (std::size_t script = 0; script < platform::kSharedScriptCount; script++) {
         const std::string suffix = std::to_string(script);
-        source += "    {kLanguages" + suffix + ", kCodes" + suffix + ", kLetters" + suffix + "},\n";
+        source.append("    {kLanguages").append(suffix).append(", kCodes").append(suffix);
+        source.append(", kLetters").append(suffix).append("},\n");
     }
     return source + "};\n";
 }

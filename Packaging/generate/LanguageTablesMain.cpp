@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -45,7 +46,8 @@ void writeFile(const std::string& path, std::string_view content) {
 std::vector<Grams> gramsOf(const LanguageRecord& language, const std::string& folder) {
     std::vector<Grams> grams;
     for (const std::string& model : language.models) {
-        grams.push_back(packaging::gramsFromModel(contentOf(folder + "/" + model + ".lm")));
+        const auto path = std::filesystem::path(folder) / model;
+        grams.push_back(packaging::gramsFromModel(contentOf(path.string() + ".lm")));
     }
     return grams;
 }

@@ -16,6 +16,12 @@ bool isAsciiLetterOrDigit(char16_t unit) {
     return (lower >= u'a' && lower <= u'z') || (unit >= u'0' && unit <= u'9');
 }
 
+/// Characters behind which there is always a boundary; but for one between CR and LF.
+bool endsLine(char16_t unit) {
+    return unit == u'\n' || unit == u'\r' || unit == u'\u0085' || unit == u'\u2028' ||
+           unit == u'\u2029';
+}
+
 /// White space that no letter extends, and the marks that end what is written without any.
 bool separatesWords(char16_t unit) {
     return unit == u' ' || unit == u'\u3000' || unit == u'\u3001' || unit == u'\u3002';
@@ -82,10 +88,10 @@ std::size_t BoundaryWalk::startBefore(std::size_t position) const {
 
 bool BoundaryWalk::mayStartAt(std::size_t position) const {
     const char16_t before = text_[position - 1];
-    if (before == u'\n') {
+    const char16_t unit = text_[position];
+    if (endsLine(before) && !(before == u'\r' && unit == u'\n')) {
         return true;
     }
-    const char16_t unit = text_[position];
     if (isLowSurrogate(unit) && isHighSurrogate(before)) {
         return false;
     }

@@ -4,12 +4,23 @@
 
 namespace platform {
 
+namespace {
+
+bool isAsciiLetter(char32_t codePoint) {
+    const char32_t lower = codePoint | 0x20;
+    return lower >= U'a' && lower <= U'z';
+}
+
+}  // namespace
+
 bool isLetter(char32_t codePoint) {
-    if (codePoint < 0x80) {
-        const char32_t lower = codePoint | 0x20;
-        return lower >= U'a' && lower <= U'z';
-    }
-    return moduleFunctions<UnicodeFunctions>().isLetter(codePoint);
+    return codePoint < 0x80 ? isAsciiLetter(codePoint)
+                            : moduleFunctions<UnicodeFunctions>().isLetter(codePoint);
+}
+
+bool isBaseLetter(char32_t codePoint) {
+    return codePoint < 0x80 ? isAsciiLetter(codePoint)
+                            : moduleFunctions<UnicodeFunctions>().isBaseLetter(codePoint);
 }
 
 std::u16string_view stringByTrimmingWhitespaceAndNewlines(std::u16string_view string) {

@@ -22,6 +22,9 @@ namespace platform {
 /// Whether a code point is in letterCharacterSet: a letter or a mark, as Unicode has them.
 [[nodiscard]] bool isLetter(char32_t codePoint);
 
+/// Whether a code point is a letter and no mark.
+[[nodiscard]] bool isBaseLetter(char32_t codePoint);
+
 /// Returns `string` without the white space and newlines at both of its ends. It points into
 /// `string`; where nothing is left, to its start.
 [[nodiscard]] std::u16string_view stringByTrimmingWhitespaceAndNewlines(std::u16string_view string);

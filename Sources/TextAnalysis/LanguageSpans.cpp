@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Platform/Foundation/Exception.h"
+#include "Platform/Text/CharacterSet.h"
 
 namespace parlavox {
 
@@ -17,11 +18,9 @@ bool isLongEnough(const TextUnit& sentence) {
     return sentence.substringRange.length >= kMinimalSentenceLengthToDetectLanguage;
 }
 
-/// Whether a unit is surely a letter, and none that belongs to the character before it.
-bool isLatinLetter(char16_t unit) {
-    const char16_t lower = unit | 0x20;
-    return (lower >= u'a' && lower <= u'z') ||
-           (unit >= 0xC0 && unit < 0x250 && unit != 0xD7 && unit != 0xF7);
+/// The full stops, after which a sentence goes on when the next letter is a small one.
+bool isFullStop(char16_t unit) {
+    return unit == u'.' || unit == u'\u2024' || unit == u'\uFE52' || unit == u'\uFF0E';
 }
 
 }  // namespace
@@ -37,8 +36,8 @@ std::uint64_t LanguageSpanStarts::startFor(std::uint64_t target) {
     const std::uint64_t begin = sentenceWith(target).enclosingRange.location;
     // The rule looks at the text up to the target alone. That changes the whole text's sentences at
     // most in this one: whether a full stop ends it is told by the first letter behind the stop,
-    // which may lie behind the target, unless that is a letter itself.
-    if (!isLatinLetter(string_[target])) {
+    // which may lie behind the target.
+    if (isStopOpenAt(target, begin)) {
         const auto sentences =
             TextUnits::over(string_.substr(begin, target + 1 - begin), TextUnitKind::Sentence);
         bool isAtOne = sentences->moveToLast() && sentences->moveToPrevious();
@@ -49,6 +48,26 @@ std::uint64_t LanguageSpanStarts::startFor(std::uint64_t target) {
         }
     }
     return startUpTo(begin);
+}
+
+/// Whether a full stop of the sentence that begins at `begin` has no letter behind it up to
+/// `target`.
+bool LanguageSpanStarts::isStopOpenAt(std::uint64_t target, std::uint64_t begin) {
+    bool isOpen = false;
+    for (std::uint64_t i = target + 1; i > begin; --i) {
+        if (i - 1 == lookedAt_ && begin <= lookedAt_) {
+            isOpen = isOpenThere_;
+            break;
+        }
+        const char16_t unit = string_[i - 1];
+        isOpen = isFullStop(unit);
+        if (isOpen || platform::isBaseLetter(unit)) {
+            break;
+        }
+    }
+    lookedAt_ = target;
+    isOpenThere_ = isOpen;
+    return isOpen;
 }
 
 /// The sentence of the whole text in which a position lies.

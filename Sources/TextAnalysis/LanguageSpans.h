@@ -30,6 +30,7 @@ public:
     [[nodiscard]] std::uint64_t startFor(std::uint64_t target);
 
 private:
+    [[nodiscard]] bool isStopOpenAt(std::uint64_t target, std::uint64_t begin);
     [[nodiscard]] platform::TextUnit sentenceWith(std::uint64_t position);
     [[nodiscard]] std::uint64_t startUpTo(std::uint64_t boundary);
 
@@ -37,6 +38,9 @@ private:
     /// The sentences of the whole text, and the one that was asked for last.
     const std::unique_ptr<platform::TextUnits> sentences_;
     platform::TextUnit sentence_{};
+    /// The last place that isStopOpenAt was asked for, and its answer.
+    std::uint64_t lookedAt_ = ~std::uint64_t{0};
+    bool isOpenThere_ = false;
     /// The last boundary that startUpTo was asked for, and its answer.
     std::uint64_t boundary_ = 0;
     std::uint64_t start_ = 0;

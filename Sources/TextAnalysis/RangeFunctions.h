@@ -11,6 +11,7 @@ namespace parlavox {
 using platform::Range;
 
 /// What a search answers when it finds nothing; only a range that is equal in both fields is it.
+// NOLINTNEXTLINE(readability-identifier-naming): the name is part of the interface.
 inline constexpr Range NotFoundRange{platform::kNotFound, 0};
 
 #ifdef __clang__

@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::u16string_view kHyphen = u"- ";
 
+/// Stands where a document holds an attachment.
+constexpr char16_t kReplacedObject = u'\uFFFC';
+
 /// How much of a word is shown on either side.
 constexpr std::size_t kShownUnits = 40;
 
@@ -49,7 +52,8 @@ void writeChange(std::u16string_view text, const Removal& removal, const Output&
         return;
     }
     const std::string first = shown(wordBefore(text, removal.location));
-    const std::string second = shown(wordFrom(text, removal.location + kHyphen.size()));
+    const std::size_t blank = text.find(kHyphen.back(), removal.location);
+    const std::string second = shown(wordFrom(text, text.find_first_not_of(u'\0', blank + 1)));
     output(fmt::format("{:>10}  {}- {} -> {}{}\n", removal.location, first, second, first, second));
 }
 
@@ -94,7 +98,9 @@ platform::Result<std::uint64_t> clean(const std::string& file, CleanForm form,
     const platform::AttributedString cleaned = cleanedWithProgress(text);
     const std::vector<Removal> removals = removalsBetween(text.string(), cleaned.string());
     if (form == CleanForm::Text) {
-        output(platform::utf8FromUtf16(cleaned.string()));
+        std::u16string shownText = cleaned.string();
+        std::erase(shownText, kReplacedObject);
+        output(platform::utf8FromUtf16(shownText));
     } else {
         for (const Removal& removal : removals) {
             writeChange(text.string(), removal, output);

@@ -82,7 +82,7 @@ private:
     static constexpr const char* kUtf16 =
         std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
 
-    const iconv_t converter_;
+    iconv_t converter_;
 };
 
 /// Remembers verdicts, the last one of each place in a table: words that share a place put each

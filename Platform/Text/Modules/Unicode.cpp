@@ -111,6 +111,10 @@ bool isLetter(char32_t codePoint) {
     return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & kLettersAndMarks) != 0;
 }
 
+bool isBaseLetter(char32_t codePoint) {
+    return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & U_GC_L_MASK) != 0;
+}
+
 bool startsSentencesOver(char32_t codePoint) {
     switch (u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_SENTENCE_BREAK)) {
         case U_SB_LOWER:
@@ -148,6 +152,7 @@ constexpr UnicodeFunctions kFunctions = {
     [](BoundaryIterator* iterator) { return ubrk_next(iteratorIn(iterator)); },
     isBehindWord,
     isLetter,
+    isBaseLetter,
     startsSentencesOver,
     startsWordsOver,
 };

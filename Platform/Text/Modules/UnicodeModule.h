@@ -32,8 +32,10 @@ struct UnicodeFunctions : ModuleHead {
     /// Whether what lies before the iterator's boundary is a word and not what lies between words.
     bool (*isBehindWord)(BoundaryIterator* iterator);
 
-    /// Whether the general category of a code point is one of letters or marks.
+    /// Whether the general category of a code point is one of letters or marks, or of letters
+    /// alone.
     bool (*isLetter)(char32_t codePoint);
+    bool (*isBaseLetter)(char32_t codePoint);
     /// Whether the boundaries behind a code point don't depend on what stands before it: it is no
     /// sentence end, nothing that may follow one up to the boundary, and no extension of another.
     bool (*startsSentencesOver)(char32_t codePoint);

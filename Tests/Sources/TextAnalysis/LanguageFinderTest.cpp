@@ -212,7 +212,7 @@ public:
         std::u16string text;
         const std::size_t pieces = random_() % 60;
         // Some texts have more languages than others, many have none.
-        const unsigned signs = random_() % 3;
+        const std::size_t signs = random_() % 3;
         for (std::size_t i = 0; i < pieces; ++i) {
             text += kPieces[random_() % kPieces.size()];
             if (signs != 0 && random_() % (signs * 15) == 0) {
