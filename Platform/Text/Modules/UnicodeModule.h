@@ -1,11 +1,12 @@
-// What the module `unicode` offers: walks over the boundaries of words and sentences, and the
-// properties of characters.
+// What the module `unicode` offers: walks over the boundaries of words and sentences, the
+// properties of characters, and the conversion of code pages to UTF-16.
 //
-// Positions count UTF-16 units from the start of the text. An iterator belongs to one thread at a
-// time; different ones to different threads.
+// Positions count UTF-16 units from the start of the text. An iterator or a converter belongs to
+// one thread at a time; different ones to different threads.
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "Platform/Text/Modules/Module.h"
@@ -16,6 +17,9 @@ enum class BoundaryKind : std::uint8_t { Word, Sentence };
 
 /// An iterator that is lent.
 struct BoundaryIterator;
+
+/// What converts the bytes of one code page.
+struct CodePage;
 
 struct UnicodeFunctions : ModuleHead {
     static constexpr char kName[] = "unicode";
@@ -42,6 +46,19 @@ struct UnicodeFunctions : ModuleHead {
     /// Whether there is a boundary of words before a code point that stands behind white space: it
     /// is neither white space nor an extension of it.
     bool (*startsWordsOver)(char32_t codePoint);
+
+    /// Makes a converter of the code page `name`, one of the names that ICU has for it; null when
+    /// there is none.
+    CodePage* (*openCodePage)(const char* name);
+    void (*closeCodePage)(CodePage* codePage);
+
+    /// Converts the bytes from `*bytes` to `end` until they or the room for units, at least two,
+    /// are used up, and moves both starts past what it did. It is done when no byte and no room is
+    /// wanted any more. What is no character becomes U+FFFD; returns how often that was so. An
+    /// incomplete character at the end waits for the next bytes, unless these are the last: then it
+    /// is none, and the converter starts anew.
+    std::size_t (*convert)(CodePage* codePage, const char** bytes, const char* end,
+                           char16_t** units, char16_t* unitsEnd, bool areLast, bool* isDone);
 };
 
 }  // namespace platform
