@@ -9,6 +9,7 @@
 
 #include "Platform/Foundation/Unicode.h"
 #include "Platform/Foundation/WideText.h"
+#include "Platform/Text/RtfReader.h"
 
 namespace platform {
 namespace {
@@ -24,7 +25,6 @@ struct Signature {
 };
 constexpr std::array kSignatures = {
     Signature{"%PDF-"sv, "PDF"},
-    Signature{"{\\rtf"sv, "RTF"},
     Signature{"rtfd\0\0\0\0"sv, "RTFD"},
 };
 
@@ -75,6 +75,9 @@ Result<AttributedString> checkedText(std::u16string text) {
 
 Result<AttributedString> attributedStringFromData(const Data& data) {
     std::string_view bytes = data.view();
+    if (isRtf(bytes)) {
+        return attributedStringFromRtf(data);
+    }
     for (const Signature& signature : kSignatures) {
         if (bytes.starts_with(signature.start)) {
             return notReadYet(signature.format);

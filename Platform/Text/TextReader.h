@@ -1,7 +1,7 @@
 // Makes attributed text of a file's bytes, whatever format they have.
 //
-// The format is found in the bytes themselves. Known today: plain text in UTF-8, and in UTF-16 and
-// UTF-32 with a byte-order mark. Stateless; any thread at once.
+// The format is found in the bytes themselves. Known today: RTF, plain text in UTF-8, and in UTF-16
+// and UTF-32 with a byte-order mark. Stateless; any thread at once.
 
 #pragma once
 
@@ -17,8 +17,9 @@ namespace platform {
 /// as it is; values that UTF-32 does not allow, and bytes at the end that make no whole unit of
 /// either, become U+FFFD.
 ///
-/// Bytes that begin as PDF, RTF, flat RTFD or HTML does (HTML after a mark and white space, in any
-/// case of letters) are Unsupported; other markup is plain text.
+/// Bytes that begin as RTF does are read as that. Those that begin as PDF, flat RTFD or HTML does
+/// (HTML after a mark and white space, in any case of letters) are Unsupported; other markup is
+/// plain text.
 ///
 /// Binary data is Unsupported: more than one UTF-16 unit in a hundred is a control character that
 /// no text needs. Those are U+0000 to U+001F without U+0007 to U+000F (white space, bell,
