@@ -19,7 +19,7 @@ namespace platform {
 /// of a paragraph's tabs the first 32 are written, and links up to 2,083 units, which is as long as
 /// programs take them.
 ///
-/// Selector: RTFFromRange:documentAttributes:
+/// It is what the platform's RTFFromRange:documentAttributes: does for the whole text.
 [[nodiscard]] Data rtfFromAttributedString(const AttributedString& text);
 
 }  // namespace platform
