@@ -1,6 +1,6 @@
-// The names of the attributes that texts have here, the same as in archives.
+// The names of the attributes that the system's readers give to text and its writers understand.
 //
-// kAttachmentAttributeName stands with TextAttachment. Constant; any thread at once.
+// The name of an attachment's attribute is in TextAttachment.h.
 
 #pragma once
 
@@ -8,21 +8,29 @@ namespace platform {
 
 /// A Font.
 inline constexpr char kFontAttributeName[] = "NSFont";
-/// A Color: that of the letters, and of what is behind them.
-inline constexpr char kForegroundColorAttributeName[] = "NSColor";
-inline constexpr char kBackgroundColorAttributeName[] = "NSBackgroundColor";
-/// An integer, the sum of LineStyle numbers.
-inline constexpr char kUnderlineStyleAttributeName[] = "NSUnderline";
-inline constexpr char kStrikethroughStyleAttributeName[] = "NSStrikethrough";
-/// An integer: how many steps above the line, below it when negative.
-inline constexpr char kSuperscriptAttributeName[] = "NSSuperScript";
-/// A ParagraphStyle.
+
+/// A ParagraphStyle; absent for a paragraph as it comes.
 inline constexpr char kParagraphStyleAttributeName[] = "NSParagraphStyle";
-/// A URLReference.
+
+/// The text's Color; absent for black.
+inline constexpr char kForegroundColorAttributeName[] = "NSColor";
+
+/// The Color behind the text; absent for none.
+inline constexpr char kBackgroundColorAttributeName[] = "NSBackgroundColor";
+
+/// An integer, the kind of line below the text: a LineStyle and perhaps a pattern added to it.
+inline constexpr char kUnderlineStyleAttributeName[] = "NSUnderline";
+
+/// An integer, the kind of line through the text, in the same way.
+inline constexpr char kStrikethroughStyleAttributeName[] = "NSStrikethrough";
+
+/// An integer: above 0 raised, below 0 lowered text.
+inline constexpr char kSuperscriptAttributeName[] = "NSSuperScript";
+
+/// A URLReference, or a string with a URL.
 inline constexpr char kLinkAttributeName[] = "NSLink";
 
-/// How lines under and through text are drawn, with the platform's numbers: a style and a pattern
-/// are added.
+/// Kinds of lines below and through text, with the platform's numbers.
 enum LineStyle : int {
     kNoLine = 0,
     kSingleLine = 1,

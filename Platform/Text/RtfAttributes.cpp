@@ -6,13 +6,13 @@
 #include "Platform/Foundation/Unicode.h"
 #include "Platform/Text/AttributeNames.h"
 #include "Platform/Text/Font.h"
-#include "Platform/Text/FontNames.h"
+#include "Platform/Text/FontTraits.h"
 
 namespace platform {
 namespace {
 
 /// The platform's font for a text that names none.
-constexpr char kDefaultFamily[] = "Times";
+constexpr char kDefaultFont[] = "Helvetica";
 
 constexpr double kTwipsInPoint = 20;
 
@@ -133,9 +133,10 @@ Value RtfAttributes::fontOf(const RtfCharacterFormat& character) {
     const auto [place, isNew] = fontValues_.try_emplace(look);
     if (isNew) {
         const std::u16string_view name = fonts_.nameAt(character.font);
-        FontFace face{name.empty() ? kDefaultFamily : utf8FromUtf16(name), character.isBold,
-                      character.isItalic};
-        place->second = made<Font>(fontNameOf(face), character.halfPoints / 2.0);
+        place->second =
+            made<Font>(fontNameWithTraits(name.empty() ? kDefaultFont : utf8FromUtf16(name),
+                                          {character.isBold, character.isItalic}),
+                       character.halfPoints / 2.0);
     }
     return place->second;
 }

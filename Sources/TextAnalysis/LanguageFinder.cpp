@@ -20,17 +20,28 @@ std::optional<std::string> LanguageFinder::languageCodeAtLocation(std::uint64_t 
         starts_.emplace(string_);
     }
     const std::uint64_t start = starts_->startFor(location);
-    if (!spans_ || start != start_) {
-        start_ = start;
-        ends_.emplace(string_, start);
-        spans_.emplace(string_, start, allowed_, tagging_);
-    }
-    const std::uint64_t end = ends_->endFor(location);
-    auto language = spans_->languageAtEnd(end);
+    Spans& spans = spansFrom(start);
+    const std::uint64_t end = spans.ends->endFor(location);
+    auto language = spans.languages->languageAtEnd(end);
     if (!language) {
         language = languageBefore(start);
     }
     return language ? language : languageBehind(end);
+}
+
+/// The spans from a start on. Open stops can make the start go back and forth between two places,
+/// so two are remembered.
+LanguageFinder::Spans& LanguageFinder::spansFrom(std::uint64_t start) {
+    if (!spans_[0].isFrom(start)) {
+        std::swap(spans_[0], spans_[1]);
+    }
+    Spans& spans = spans_[0];
+    if (!spans.isFrom(start)) {
+        spans.start = start;
+        spans.ends = std::make_unique<LanguageSpanEnds>(string_, start);
+        spans.languages = std::make_unique<LanguageSpans>(string_, start, allowed_, tagging_);
+    }
+    return spans;
 }
 
 /// Looks at the spans that end at `end` and before, from the last one to the first.

@@ -4,7 +4,9 @@
 
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +32,16 @@ public:
 private:
     using LanguageByPlace = std::unordered_map<std::uint64_t, std::optional<std::string>>;
 
+    /// The spans that begin at one place.
+    struct Spans {
+        std::uint64_t start = 0;
+        std::unique_ptr<LanguageSpanEnds> ends;
+        std::unique_ptr<LanguageSpans> languages;
+
+        [[nodiscard]] bool isFrom(std::uint64_t place) const { return ends && start == place; }
+    };
+
+    [[nodiscard]] Spans& spansFrom(std::uint64_t start);
     [[nodiscard]] std::optional<std::string> languageBefore(std::uint64_t end);
     [[nodiscard]] std::optional<std::string> languageBehind(std::uint64_t start);
     [[nodiscard]] std::optional<std::string> firstLanguageIn(std::u16string_view span) const;
@@ -39,10 +51,8 @@ private:
     const LanguageTagging tagging_;
     /// Made when a position is first asked for.
     std::optional<LanguageSpanStarts> starts_;
-    /// The spans from the start of the last position's.
-    std::uint64_t start_ = 0;
-    std::optional<LanguageSpanEnds> ends_;
-    std::optional<LanguageSpans> spans_;
+    /// The spans with the last position's, and those before them.
+    std::array<Spans, 2> spans_;
     /// What was found from a span's start backwards, and from its end on.
     LanguageByPlace before_;
     LanguageByPlace behind_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "Platform/Foundation/Exception.h"
-#include "Platform/Text/CharacterSet.h"
 
 namespace parlavox {
 
@@ -18,56 +17,21 @@ bool isLongEnough(const TextUnit& sentence) {
     return sentence.substringRange.length >= kMinimalSentenceLengthToDetectLanguage;
 }
 
-/// The full stops, after which a sentence goes on when the next letter is a small one.
-bool isFullStop(char16_t unit) {
-    return unit == u'.' || unit == u'\u2024' || unit == u'\uFE52' || unit == u'\uFF0E';
-}
-
 }  // namespace
 
 LanguageSpanStarts::LanguageSpanStarts(std::u16string_view string)
-    : string_(string), sentences_(TextUnits::over(string, TextUnitKind::Sentence)) {
+    : openStops_(string), sentences_(TextUnits::over(string, TextUnitKind::Sentence)) {
 }
 
 std::uint64_t LanguageSpanStarts::startFor(std::uint64_t target) {
     if (target <= kMinimalSentenceLengthToDetectLanguage) {
         return 0;
     }
-    const std::uint64_t begin = sentenceWith(target).enclosingRange.location;
-    // The rule looks at the text up to the target alone. That changes the whole text's sentences at
-    // most in this one: whether a full stop ends it is told by the first letter behind the stop,
-    // which may lie behind the target.
-    if (isStopOpenAt(target, begin)) {
-        const auto sentences =
-            TextUnits::over(string_.substr(begin, target + 1 - begin), TextUnitKind::Sentence);
-        bool isAtOne = sentences->moveToLast() && sentences->moveToPrevious();
-        for (; isAtOne; isAtOne = sentences->moveToPrevious()) {
-            if (isLongEnough(sentences->unit())) {
-                return begin + sentences->unit().enclosingRange.end();
-            }
-        }
-    }
-    return startUpTo(begin);
-}
-
-/// Whether a full stop of the sentence that begins at `begin` has no letter behind it up to
-/// `target`.
-bool LanguageSpanStarts::isStopOpenAt(std::uint64_t target, std::uint64_t begin) {
-    bool isOpen = false;
-    for (std::uint64_t i = target + 1; i > begin; --i) {
-        if (i - 1 == lookedAt_ && begin <= lookedAt_) {
-            isOpen = isOpenThere_;
-            break;
-        }
-        const char16_t unit = string_[i - 1];
-        isOpen = isFullStop(unit);
-        if (isOpen || platform::isBaseLetter(unit)) {
-            break;
-        }
-    }
-    lookedAt_ = target;
-    isOpenThere_ = isOpen;
-    return isOpen;
+    const TextUnit sentence = sentenceWith(target);
+    // The rule looks at the text up to the target alone, where a full stop may end a sentence that
+    // goes on in the whole text.
+    const auto end = openStops_.lastLongEnd(target, sentence);
+    return end ? *end : startUpTo(sentence.enclosingRange.location);
 }
 
 /// The sentence of the whole text in which a position lies.

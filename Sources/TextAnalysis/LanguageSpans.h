@@ -16,6 +16,7 @@
 
 #include "Platform/Text/TextUnits.h"
 #include "Sources/TextAnalysis/LanguageChunks.h"
+#include "Sources/TextAnalysis/OpenStops.h"
 
 namespace parlavox {
 
@@ -30,17 +31,13 @@ public:
     [[nodiscard]] std::uint64_t startFor(std::uint64_t target);
 
 private:
-    [[nodiscard]] bool isStopOpenAt(std::uint64_t target, std::uint64_t begin);
     [[nodiscard]] platform::TextUnit sentenceWith(std::uint64_t position);
     [[nodiscard]] std::uint64_t startUpTo(std::uint64_t boundary);
 
-    const std::u16string_view string_;
+    OpenStops openStops_;
     /// The sentences of the whole text, and the one that was asked for last.
     const std::unique_ptr<platform::TextUnits> sentences_;
     platform::TextUnit sentence_{};
-    /// The last place that isStopOpenAt was asked for, and its answer.
-    std::uint64_t lookedAt_ = ~std::uint64_t{0};
-    bool isOpenThere_ = false;
     /// The last boundary that startUpTo was asked for, and its answer.
     std::uint64_t boundary_ = 0;
     std::uint64_t start_ = 0;

@@ -207,6 +207,9 @@ public:
                                                             u"3. ",
                                                             u"\u00AD",
                                                             u"\u200B",
+                                                            u"\uFF9E",
+                                                            u"\u24D0",
+                                                            u"1-",
                                                             u"abcdefghijk. ",
                                                             u"Abc defghi jk. "};
         std::u16string text;
