@@ -114,6 +114,9 @@ void RtfParser::finishGroup(const State& group) {
             fonts_.end();
             setFont(fonts_.indexOf(defaultFont_));
             break;
+        case GroupEnd::Note:
+            notes_.finishParagraph(group.paragraph);
+            break;
         case GroupEnd::Instruction:
             finishInstruction(group.start);
             break;
@@ -152,10 +155,11 @@ void RtfParser::takeText(std::string_view bytes, bool areAscii) {
 }
 
 void RtfParser::takeByte(char byte) {
+    const auto value = static_cast<unsigned char>(byte);
     if (byte == '\r' || byte == '\n') {
         insert(u'\n');
-    } else {
-        takeText({&byte, 1}, static_cast<unsigned char>(byte) < 0x80);
+    } else if (value >= 0x20 || byte == '\t') {
+        takeText({&byte, 1}, value < 0x80);
     }
 }
 

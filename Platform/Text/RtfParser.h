@@ -36,7 +36,7 @@ private:
     enum class TextKind : std::uint8_t { Body, Dropped, FontTable, ColorTable };
 
     /// What a group's end means.
-    enum class GroupEnd : std::uint8_t { None, FontTable, Instruction, Object, Graphic };
+    enum class GroupEnd : std::uint8_t { None, FontTable, Note, Instruction, Object, Graphic };
 
     /// What a group hands down to those inside it and takes back at its end.
     struct State {

@@ -221,7 +221,10 @@ void RtfParser::begin(RtfDestination destination) {
             break;
         case RtfDestination::Note:
             // A note of a note is text of that.
-            state_.text = state_.text == &body_ ? &notes_ : state_.text;
+            if (state_.text == &body_) {
+                state_.text = &notes_;
+                state_.end = GroupEnd::Note;
+            }
             break;
         case RtfDestination::Picture:
             attach(RtfAttributes::kFilelessAttachment);

@@ -59,12 +59,17 @@ void RtfText::endRow(const RtfParagraphFormat& format) {
     behindCell_ = 0;
 }
 
-void RtfText::takeParagraphs(RtfText& other, const RtfParagraphFormat& format) {
-    if (other.empty()) {
-        return;
+void RtfText::finishParagraph(const RtfParagraphFormat& format) {
+    decoder_.finish(text_);
+    if (!text_.empty() && text_.back() != u'\n') {
+        endParagraph(format);
     }
-    if (other.text_.back() != u'\n') {
-        other.append(u'\n');
+}
+
+void RtfText::takeParagraphs(RtfText& other, const RtfParagraphFormat& format) {
+    other.finishParagraph(format);
+    if (other.text_.empty()) {
+        return;
     }
     other.closeRuns(format);
     decoder_.finish(text_);

@@ -50,10 +50,13 @@ public:
     /// Appends half a character or a whole one. A half that has no other becomes U+FFFD.
     void appendUnit(char16_t unit);
 
-    /// Ends the paragraph, cell or row with its character.
+    /// Ends a paragraph, cell or row with its character.
     void endParagraph(const RtfParagraphFormat& format);
     void endCell(const RtfParagraphFormat& format);
     void endRow(const RtfParagraphFormat& format);
+
+    /// Ends the last paragraph unless it has ended, or there is none.
+    void finishParagraph(const RtfParagraphFormat& format);
 
     /// Takes over what another text has, as paragraphs of its own, and leaves it empty.
     void takeParagraphs(RtfText& other, const RtfParagraphFormat& format);
