@@ -1,5 +1,6 @@
 #include "Platform/Text/RtfAttributes.h"
 
+#include <cstdlib>
 #include <utility>
 
 #include "Platform/Foundation/URLReference.h"
@@ -38,14 +39,11 @@ ParagraphLayout layoutOf(const RtfParagraphFormat& format) {
     layout.paragraphSpacing = points(format.after);
     constexpr double kSingleSpacing = 240;
     if (format.isMultiple && format.lineSpacing > 0) {
-        layout.lineHeightMultiple =
-            format.lineSpacing == kSingleSpacing ? 0 : format.lineSpacing / kSingleSpacing;
+        layout.lineHeightMultiple = format.lineSpacing / kSingleSpacing;
     } else {
-        layout.minimumLineHeight = points(format.lineSpacing > 0 ? format.lineSpacing : 0);
         // Below 0 the height is exact.
-        const double exact = format.lineSpacing < 0 ? -points(format.lineSpacing) : 0;
-        layout.maximumLineHeight = exact;
-        layout.minimumLineHeight += exact;
+        layout.minimumLineHeight = points(std::abs(format.lineSpacing));
+        layout.maximumLineHeight = format.lineSpacing < 0 ? layout.minimumLineHeight : 0;
     }
     return layout;
 }
@@ -73,8 +71,8 @@ private:
 
 }  // namespace
 
-RtfAttributes::RtfAttributes(const RtfFonts& fonts, const RtfColors& colors)
-    : fonts_(fonts), colors_(colors) {
+RtfAttributes::RtfAttributes(const RtfFonts& fonts, const RtfColors& colors, const RtfTabs& tabs)
+    : fonts_(fonts), colors_(colors), tabs_(tabs) {
     // Index 0 is none.
     links_.emplace_back();
     attachments_.emplace_back();
@@ -147,7 +145,9 @@ Value RtfAttributes::paragraphStyleOf(const RtfParagraphFormat& paragraph) {
     }
     const auto [place, isNew] = paragraphStyles_.try_emplace(paragraph);
     if (isNew) {
-        place->second = made<ParagraphStyle>(layoutOf(paragraph));
+        ParagraphLayout layout = layoutOf(paragraph);
+        layout.tabStops = tabs_.at(paragraph.tabs);
+        place->second = made<ParagraphStyle>(std::move(layout));
     }
     return place->second;
 }

@@ -29,7 +29,7 @@ public:
 
     /// Requires: the tables live as long as this object. Their entries don't change after their
     /// first use.
-    RtfAttributes(const RtfFonts& fonts, const RtfColors& colors);
+    RtfAttributes(const RtfFonts& fonts, const RtfColors& colors, const RtfTabs& tabs);
 
     /// Returns the number that stands for a link or an attachment in formats. There are fewer than
     /// 2^16 links, then none is answered; and kMostAttachments, then one without a file.
@@ -63,6 +63,7 @@ private:
 
     const RtfFonts& fonts_;
     const RtfColors& colors_;
+    const RtfTabs& tabs_;
     std::vector<Value> links_;
     std::vector<Value> attachments_;
     std::map<Look, std::uint32_t> indices_;

@@ -46,6 +46,8 @@ enum class RtfAction : std::uint8_t {
     Length,     ///< [RtfLength]
     LineSpacing,
     LineSpacingKind,
+    Tab,
+    TabKind,  ///< [TextAlignment]
     // What the text of a group is.
     Destination,  ///< [RtfDestination]
 };

@@ -36,6 +36,8 @@ struct RtfParagraphFormat {
     std::int32_t before = 0;
     std::int32_t after = 0;
     std::int32_t lineSpacing = 0;
+    /// RtfTabs' number of the tabs.
+    std::uint16_t tabs = 0;
     /// Whether the spacing is a multiple of the usual one, in 240ths.
     bool isMultiple = false;
     TextAlignment alignment = TextAlignment::Natural;

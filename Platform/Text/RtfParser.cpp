@@ -35,7 +35,7 @@ char16_t characterOf(char symbol) {
 RtfParser::RtfParser(std::string_view document, const AttachmentFinder& findAttachment)
     : tokenizer_(document),
       findAttachment_(findAttachment),
-      attributes_(fonts_, colors_),
+      attributes_(fonts_, colors_, tabs_),
       body_(attributes_),
       notes_(attributes_),
       names_(attributes_) {
@@ -96,14 +96,15 @@ bool RtfParser::close() {
         --deeper_;
         return true;
     }
-    if (states_.empty()) {
+    // The document's own group: its state is that of the last paragraph.
+    if (states_.size() <= 1) {
         return false;
     }
     isStale_ = true;
     const State group = std::exchange(state_, states_.back());
     states_.pop_back();
     finishGroup(group);
-    return !states_.empty();
+    return true;
 }
 
 void RtfParser::finishGroup(const State& group) {

@@ -100,6 +100,7 @@ private:
     const AttachmentFinder& findAttachment_;
     RtfFonts fonts_;
     RtfColors colors_;
+    RtfTabs tabs_;
     RtfAttributes attributes_;
     RtfText body_;
     RtfText notes_;
@@ -112,6 +113,8 @@ private:
     std::size_t deeper_ = 0;
 
     std::int32_t defaultFont_ = 0;
+    /// The kind of the next tab.
+    TextAlignment tabKind_ = TextAlignment::Left;
     bool namesCodePage_ = false;
     bool isGroupStart_ = false;
     /// Whether the next word is marked as one that readers may pass over.

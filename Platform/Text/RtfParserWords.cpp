@@ -102,6 +102,13 @@ void RtfParser::format(const RtfControlWord& word, const RtfToken& token) {
         case RtfAction::Length:
             state_.paragraph.*kLengths[static_cast<std::size_t>(word.argument)] = token.parameter;
             break;
+        case RtfAction::TabKind:
+            tabKind_ = static_cast<TextAlignment>(word.argument);
+            break;
+        case RtfAction::Tab:
+            state_.paragraph.tabs = tabs_.with(state_.paragraph.tabs, token.parameter,
+                                               std::exchange(tabKind_, TextAlignment::Left));
+            break;
         case RtfAction::LineSpacing:
             state_.paragraph.lineSpacing = token.parameter;
             break;
@@ -200,7 +207,13 @@ void RtfParser::beginDestination(RtfDestination destination) {
         state_.kind = state_.alternative;
         return;
     }
-    // Groups that share a state have no end of their own.
+    // Groups that share a state have no end of their own: they are text, or nothing.
+    const bool isText =
+        destination == RtfDestination::Note || destination == RtfDestination::Object ||
+        destination == RtfDestination::Field || destination == RtfDestination::FieldResult;
+    if (deeper_ != 0 && isText) {
+        return;
+    }
     const bool isLost = deeper_ != 0 || state_.kind == TextKind::Dropped;
     if (isLost || destination == RtfDestination::Skipped) {
         tokenizer_.skipToGroupEnd();

@@ -139,4 +139,36 @@ Rgb RtfColors::at(std::uint16_t index) const {
     return {part(Part::Red), part(Part::Green), part(Part::Blue)};
 }
 
+std::uint16_t RtfTabs::with(std::uint16_t list, std::int32_t place, TextAlignment kind) {
+    // As many as programs allow in a paragraph, and more lists than they need.
+    constexpr std::size_t kMostTabs = 64;
+    constexpr std::size_t kMostLists = 4096;
+    const Tab tab{list, place, kind};
+    const auto known = numbers_.find(tab);
+    if (known != numbers_.end()) {
+        return known->second;
+    }
+    if (countOf(list) == kMostTabs || lists_.size() == kMostLists) {
+        return list;
+    }
+    lists_.push_back({tab, countOf(list) + 1});
+    const auto number = static_cast<std::uint16_t>(lists_.size());
+    numbers_.emplace(tab, number);
+    return number;
+}
+
+std::optional<std::vector<TextTab>> RtfTabs::at(std::uint16_t list) const {
+    if (list == 0) {
+        return std::nullopt;
+    }
+    std::vector<TextTab> tabs;
+    for (; list != 0; list = lists_[list - 1U].last.before) {
+        const Tab& tab = lists_[list - 1U].last;
+        constexpr double kTwipsInPoint = 20;
+        tabs.push_back({tab.place / kTwipsInPoint, tab.kind});
+    }
+    std::reverse(tabs.begin(), tabs.end());
+    return tabs;
+}
+
 }  // namespace platform

@@ -1,16 +1,19 @@
-// The tables at the head of an RTF document: its fonts and its colours.
+// The tables of an RTF document: its fonts, its colours and its tabs.
 //
 // Entries come piece by piece, as the document gives them. One thread at a time.
 
 #pragma once
 
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "Platform/Text/Color.h"
+#include "Platform/Text/ParagraphStyle.h"
 #include "Platform/Text/RtfCodePages.h"
 
 namespace platform {
@@ -79,6 +82,39 @@ private:
     /// A byte for each part, and one for whether there is any.
     std::vector<std::uint32_t> entries_;
     std::uint32_t entry_ = 0;
+};
+
+/// Lists of tabs by numbers, so that paragraphs hold no lists. 0 is the list of the platform.
+class RtfTabs {
+public:
+    /// Returns the list that has `tab`, whose place is in twentieths of a point, behind those of
+    /// `list`; `list` itself when there are too many.
+    [[nodiscard]] std::uint16_t with(std::uint16_t list, std::int32_t place, TextAlignment kind);
+
+    /// The tabs of a list; nothing for 0.
+    [[nodiscard]] std::optional<std::vector<TextTab>> at(std::uint16_t list) const;
+
+private:
+    struct Tab {
+        std::uint16_t before;
+        std::int32_t place;
+        TextAlignment kind;
+
+        friend auto operator<=>(const Tab&, const Tab&) = default;
+    };
+
+    struct List {
+        Tab last;
+        std::size_t count;
+    };
+
+    [[nodiscard]] std::size_t countOf(std::uint16_t list) const {
+        return list != 0 ? lists_[list - 1U].count : 0;
+    }
+
+    std::map<Tab, std::uint16_t> numbers_;
+    /// From 1 on.
+    std::vector<List> lists_;
 };
 
 }  // namespace platform

@@ -72,7 +72,7 @@ void RtfText::takeParagraphs(RtfText& other, const RtfParagraphFormat& format) {
         return;
     }
     other.closeRuns(format);
-    decoder_.finish(text_);
+    finishParagraph(format);
     closeRuns(format);
     text_ += other.takeCharacters();
     runStart_ = text_.size();

@@ -58,7 +58,7 @@ public:
     /// Ends the last paragraph unless it has ended, or there is none.
     void finishParagraph(const RtfParagraphFormat& format);
 
-    /// Takes over what another text has, as paragraphs of its own, and leaves it empty.
+    /// Takes over what another text has, as paragraphs of their own, and leaves it empty.
     void takeParagraphs(RtfText& other, const RtfParagraphFormat& format);
 
     /// The length with all that waits.
