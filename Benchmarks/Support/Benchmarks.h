@@ -13,6 +13,9 @@ void addPackageBenchmarks(const Packages& packages, Report& report);
 /// Keyed archives in memory.
 void addArchiveBenchmarks(Report& report);
 
+/// Documents in RTF, beside a loop that strips them.
+void addRtfBenchmarks(Report& report);
+
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
 

@@ -63,6 +63,7 @@ int main(int argc, char** argv) {
     bench::Report report;
     bench::addPackageBenchmarks(packages, report);
     bench::addArchiveBenchmarks(report);
+    bench::addRtfBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
     bench::addEnumerationBenchmarks(report);
     bench::addLanguageBenchmarks(report);

@@ -82,10 +82,16 @@ std::shared_ptr<FileWrapper> FileWrapper::initSymbolicLinkWithDestination(std::s
     return wrapper;
 }
 
-std::shared_ptr<FileWrapper> FileWrapper::initWithPath(const std::string& path,
-                                                       ErrorLocation error) {
+std::shared_ptr<FileWrapper> FileWrapper::initWithPath(const std::string& path, ErrorLocation error,
+                                                       FileReading reading) {
     auto wrapper = std::make_shared<FileWrapper>(Creation());
-    return wrapper->initFromPath(path, error) ? wrapper : nullptr;
+    return wrapper->initFromPath(path, error, reading) ? wrapper : nullptr;
+}
+
+std::shared_ptr<FileWrapper> FileWrapper::initWithContents(FileWrapperContents contents) {
+    auto wrapper = std::make_shared<FileWrapper>(Creation());
+    wrapper->init(std::move(contents));
+    return wrapper;
 }
 
 void FileWrapper::initRegular(Data contents) {
@@ -114,11 +120,11 @@ void FileWrapper::initDirectory(std::vector<FileWrapperEntry> children) {
 
 void FileWrapper::initSymbolicLink(std::string destination) {
     leaveChildren();
-    content_ = Link{std::move(destination)};
+    content_ = LinkDestination{std::move(destination)};
 }
 
-bool FileWrapper::initFromPath(const std::string& path, ErrorLocation error) {
-    if (!readContents(path, error)) {
+bool FileWrapper::initFromPath(const std::string& path, ErrorLocation error, FileReading reading) {
+    if (!readContents(path, error, reading)) {
         return false;
     }
     setFilename(lastPathComponent(path));
@@ -127,30 +133,37 @@ bool FileWrapper::initFromPath(const std::string& path, ErrorLocation error) {
 }
 
 bool FileWrapper::updateFromPath(const std::string& path) {
-    if (!readContents(path, nullptr)) {
+    if (!readContents(path, nullptr, FileReading::Immediate)) {
         return false;
     }
     setFilename(lastPathComponent(path));
     return true;
 }
 
-bool FileWrapper::readContents(const std::string& path, ErrorLocation error) {
-    std::optional<FileWrapperReader::Contents> contents = FileWrapperReader(error).read(path);
+bool FileWrapper::readContents(const std::string& path, ErrorLocation error, FileReading reading) {
+    std::optional<FileWrapperContents> contents = FileWrapperReader(error, reading).read(path);
     if (!contents) {
         return false;
     }
-    if (auto* bytes = std::get_if<Data>(&*contents)) {
-        initRegular(std::move(*bytes));
-    } else if (auto* children = std::get_if<std::vector<FileWrapperEntry>>(&*contents)) {
-        initDirectory(std::move(*children));
-    } else {
-        initSymbolicLink(std::get<std::string>(std::move(*contents)));
-    }
+    init(*std::move(contents));
     return true;
 }
 
+void FileWrapper::init(FileWrapperContents contents) {
+    if (auto* const bytes = std::get_if<Data>(&contents)) {
+        initRegular(std::move(*bytes));
+    } else if (auto* const file = std::get_if<UnreadFile>(&contents)) {
+        leaveChildren();
+        content_ = std::move(*file);
+    } else if (auto* const children = std::get_if<std::vector<FileWrapperEntry>>(&contents)) {
+        initDirectory(std::move(*children));
+    } else {
+        initSymbolicLink(std::get<LinkDestination>(std::move(contents)).path);
+    }
+}
+
 bool FileWrapper::isRegularFile() const {
-    return std::holds_alternative<Data>(content_);
+    return std::holds_alternative<Data>(content_) || std::holds_alternative<UnreadFile>(content_);
 }
 
 bool FileWrapper::isDirectory() const {
@@ -158,7 +171,7 @@ bool FileWrapper::isDirectory() const {
 }
 
 bool FileWrapper::isSymbolicLink() const {
-    return std::holds_alternative<Link>(content_);
+    return std::holds_alternative<LinkDestination>(content_);
 }
 
 void FileWrapper::setFilename(std::string filename) {
@@ -211,7 +224,14 @@ const FileWrapperChildren& FileWrapper::fileWrappers() const {
 }
 
 std::optional<Data> FileWrapper::regularFileContents() const {
-    const Data* contents = std::get_if<Data>(&content_);
+    if (const auto* const file = std::get_if<UnreadFile>(&content_)) {
+        auto contents = FileWrapperReader(nullptr, FileReading::Immediate).read(file->path);
+        if (!contents || !std::holds_alternative<Data>(*contents)) {
+            return std::nullopt;
+        }
+        content_ = std::get<Data>(*std::move(contents));
+    }
+    const auto* const contents = std::get_if<Data>(&content_);
     if (contents == nullptr) {
         raiseWrongKind("regularFileContents", "file");
     }
@@ -223,11 +243,11 @@ std::optional<std::string> FileWrapper::contentFilePath() const {
 }
 
 std::string FileWrapper::symbolicLinkDestination() const {
-    const Link* link = std::get_if<Link>(&content_);
+    const auto* const link = std::get_if<LinkDestination>(&content_);
     if (link == nullptr) {
         raiseWrongKind("symbolicLinkDestination", "symbolic link");
     }
-    return link->destination;
+    return link->path;
 }
 
 std::shared_ptr<FileWrapper> FileWrapper::initWithSerializedRepresentation(const Data& data) {

@@ -17,11 +17,15 @@
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/FileWrapperChildren.h"
+#include "Platform/Foundation/FileWrapperContents.h"
 
 namespace platform {
 
 /// Whether a file is written beside its place and then put there in one step.
 enum class Atomically : bool { No, Yes };
+
+/// When the files in a folder are read: at once, or each when its contents are first asked for.
+enum class FileReading : bool { Immediate, WhenAsked };
 
 /// Whether wrappers take over the names under which they were written.
 enum class UpdateFilenames : bool { No, Yes };
@@ -57,15 +61,20 @@ public:
     [[nodiscard]] static std::shared_ptr<FileWrapper> initSymbolicLinkWithDestination(
         std::string destination);
 
-    /// Returns what is at `path`, all of it read now; links are not followed. Folders come with all
-    /// they hold, hidden files too, in the order of their names.
+    /// Returns what is at `path`; links are not followed. Folders come with all they hold, hidden
+    /// files too, in the order of their names. Of files in folders that are read when asked for,
+    /// only the places are taken down: such a file has no contents when it can't be read any more.
     ///
     /// Returns null and leaves an error of the platform's domain when anything cannot be read, is
     /// neither file nor folder nor link, or lies more than 128 folders deep.
     ///
     /// Selector: initWithPath:error:
-    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithPath(const std::string& path,
-                                                                   ErrorLocation error);
+    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithPath(
+        const std::string& path, ErrorLocation error, FileReading reading = FileReading::Immediate);
+
+    /// Returns a wrapper of what a reader has found.
+    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithContents(
+        FileWrapperContents contents);
 
     [[nodiscard]] bool isRegularFile() const;
     [[nodiscard]] bool isDirectory() const;
@@ -178,7 +187,8 @@ protected:
     void initSymbolicLink(std::string destination);
 
     /// Makes this what is at `path`, as initWithPath, and takes both names from there.
-    [[nodiscard]] bool initFromPath(const std::string& path, ErrorLocation error);
+    [[nodiscard]] bool initFromPath(const std::string& path, ErrorLocation error,
+                                    FileReading reading = FileReading::Immediate);
 
 private:
     struct Directory;
@@ -188,19 +198,20 @@ private:
     void addParent(const std::weak_ptr<FileWrapper>& parent);
     void removeParent(const FileWrapper& parent);
     [[nodiscard]] std::vector<std::shared_ptr<FileWrapper>> parents() const;
-    [[nodiscard]] bool readContents(const std::string& path, ErrorLocation error);
+    [[nodiscard]] bool readContents(const std::string& path, ErrorLocation error,
+                                    FileReading reading);
+    void init(FileWrapperContents contents);
     [[nodiscard]] bool writeInPlace(const std::string& path, UpdateFilenames updateFilenames);
     [[nodiscard]] bool writeBeside(const std::string& path, UpdateFilenames updateFilenames);
     [[nodiscard]] bool writeChildren(const std::string& path, UpdateFilenames updateFilenames);
     static void bury(std::unique_ptr<Directory> directory) noexcept;
 
-    struct Link {
-        std::string destination;
-    };
-
     std::optional<std::string> filename_;
     std::optional<std::string> preferredFilename_;
-    std::variant<std::monostate, Data, std::unique_ptr<Directory>, Link> content_;
+    /// A file that is asked for its contents becomes one that has been read.
+    mutable std::variant<std::monostate, Data, UnreadFile, std::unique_ptr<Directory>,
+                         LinkDestination>
+        content_;
     // Most wrappers are in one folder at most.
     std::weak_ptr<FileWrapper> parent_;
     std::vector<std::weak_ptr<FileWrapper>> otherParents_;

@@ -26,16 +26,6 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-std::shared_ptr<FileWrapper> wrapperOf(FileWrapperReader::Contents contents) {
-    if (auto* bytes = std::get_if<Data>(&contents)) {
-        return FileWrapper::initRegularFileWithContents(std::move(*bytes));
-    }
-    if (auto* children = std::get_if<std::vector<FileWrapperEntry>>(&contents)) {
-        return FileWrapper::initDirectoryWithFileWrappers(std::move(*children));
-    }
-    return FileWrapper::initSymbolicLinkWithDestination(std::get<std::string>(contents));
-}
-
 int folderNumber(const FileDescriptor& folder) {
     return folder.isOpen() ? folder.number() : AT_FDCWD;
 }
@@ -61,7 +51,9 @@ std::optional<FileWrapperReader::Contents> FileWrapperReader::readItem(const Fil
         return refuse(errno);
     }
     if (S_ISREG(info.st_mode)) {
-        return readFile(folder, name);
+        const bool isInFolder = depth_ > 0;
+        return isInFolder && reading_ == FileReading::WhenAsked ? Contents(UnreadFile{path_})
+                                                                : readFile(folder, name);
     }
     if (S_ISDIR(info.st_mode)) {
         return readFolder(folder, name);
@@ -100,7 +92,7 @@ std::optional<FileWrapperReader::Contents> FileWrapperReader::readLink(const Fil
     if (size < 0) {
         return refuse(errno);
     }
-    return destination.substr(0, static_cast<std::size_t>(size));
+    return LinkDestination{destination.substr(0, static_cast<std::size_t>(size))};
 }
 
 std::optional<FileWrapperReader::Contents> FileWrapperReader::readFolder(
@@ -140,7 +132,7 @@ std::optional<FileWrapperEntry> FileWrapperReader::readChild(const FileDescripto
         return std::nullopt;
     }
     path_.resize(parent);
-    auto child = wrapperOf(*std::move(contents));
+    auto child = FileWrapper::initWithContents(*std::move(contents));
     child->setFilename(name);
     child->setPreferredFilename(name);
     return FileWrapperEntry{name, std::move(child)};

@@ -6,26 +6,26 @@
 
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
-#include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/FileDescriptor.h"
-#include "Platform/Foundation/FileWrapperChildren.h"
+#include "Platform/Foundation/FileWrapper.h"
+#include "Platform/Foundation/FileWrapperContents.h"
 
 namespace platform {
 
 /// Reads files, folders and links as they are; links are never followed.
 class FileWrapperReader {
 public:
-    /// What a wrapper holds: bytes, children, or the destination of a link.
-    using Contents = std::variant<Data, std::vector<FileWrapperEntry>, std::string>;
+    using Contents = FileWrapperContents;
 
     /// The first failure leaves its error at `error`.
-    explicit FileWrapperReader(ErrorLocation error) : error_(error) {}
+    FileWrapperReader(ErrorLocation error, FileReading reading)
+        : error_(error), reading_(reading) {}
 
     /// Returns what is at `path`, with everything below it; nothing when any of it cannot be read.
+    /// A path that is itself a file's is read at once.
     [[nodiscard]] std::optional<Contents> read(const std::string& path);
 
 private:
@@ -45,6 +45,7 @@ private:
     std::nullopt_t refuse(std::string_view reason);
 
     ErrorLocation error_;
+    FileReading reading_;
     // The item that is being read, for errors.
     std::string path_;
     int depth_ = 0;

@@ -66,9 +66,9 @@ struct ParagraphLayout {
     /// 0 for text, 1 to 6 for headings.
     std::int64_t headerLevel = 0;
     /// Absent for the default tabs, one every 28 points.
-    std::optional<std::vector<TextTab>> tabStops;
+    std::optional<std::vector<TextTab>> tabStops = std::nullopt;
     /// The lists that the paragraph is in, outermost first.
-    std::vector<TextList> textLists;
+    std::vector<TextList> textLists = {};
 
     friend bool operator==(const ParagraphLayout&, const ParagraphLayout&) = default;
 };

@@ -6,6 +6,7 @@
 #include "Platform/Foundation/AsciiCase.h"
 #include "Platform/Foundation/WideText.h"
 #include "Platform/Text/ControlCharacters.h"
+#include "Platform/Text/RtfReader.h"
 
 namespace platform {
 namespace {
@@ -150,12 +151,11 @@ DetectedFormat textFormatOfBytes(std::string_view bytes) {
     if (const auto mark = wideMarkOf(bytes)) {
         return isHtml(beginningOfWideText(bytes, *mark)) ? kHtml : kPlain;
     }
+    if (isRtf(bytes)) {
+        return {TextFormat::Rtf, "RTF"};
+    }
     if (bytes.starts_with(kUtf8Mark)) {
         bytes.remove_prefix(kUtf8Mark.size());
-    }
-    removeBlanks(bytes);
-    if (bytes.starts_with("{\\rtf")) {
-        return {TextFormat::Rtf, "RTF"};
     }
     return isHtml(bytes) ? kHtml : kPlain;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Platform/Text/PlainText.h"
+#include "Platform/Text/RtfReader.h"
 #include "Platform/Text/TextFormat.h"
 
 namespace platform {
@@ -13,6 +14,8 @@ Result<AttributedString> attributedStringFromData(const Data& data) {
     switch (format) {
         case TextFormat::Plain:
             return AttributedString(PV_TRY(plainTextFromBytes(data.view())));
+        case TextFormat::Rtf:
+            return attributedStringFromRtf(data);
         case TextFormat::Binary:
             return Fault{FaultCode::Unsupported, "no text: " + std::string(name)};
         default:

@@ -9,6 +9,7 @@
 #include "Platform/Text/TextReader.h"
 #include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
+#include "Sources/TextImport/ImportUtils.h"
 
 namespace parlavox {
 
@@ -55,6 +56,11 @@ std::optional<std::int64_t> versionIn(const Data& contents) {
         noteFailure("no compatibility version in the header");
     }
     return version;
+}
+
+/// An imported text without what does not belong into a document.
+AttributedString cleanedImport(const AttributedString& text) {
+    return ImportUtils::createCleanCopy(ImportUtils::createCopyWithoutAttachments(text));
 }
 
 }  // namespace
@@ -154,7 +160,7 @@ bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLo
         noteFailure(text.fault().detail);
         return false;
     }
-    replaceRealStorageWithAttributedString(std::move(text).value());
+    replaceRealStorageWithAttributedString(cleanedImport(text.value()));
     return true;
 }
 

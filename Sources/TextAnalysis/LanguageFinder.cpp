@@ -35,11 +35,13 @@ LanguageFinder::Spans& LanguageFinder::spansFrom(std::uint64_t start) {
     if (!spans_[0].isFrom(start)) {
         std::swap(spans_[0], spans_[1]);
     }
-    if (!spans_[0].isFrom(start)) {
-        spans_[0] = {start, std::make_unique<LanguageSpanEnds>(string_, start),
-                     std::make_unique<LanguageSpans>(string_, start, allowed_, tagging_)};
+    Spans& spans = spans_[0];
+    if (!spans.isFrom(start)) {
+        spans.start = start;
+        spans.ends = std::make_unique<LanguageSpanEnds>(string_, start);
+        spans.languages = std::make_unique<LanguageSpans>(string_, start, allowed_, tagging_);
     }
-    return spans_[0];
+    return spans;
 }
 
 /// Looks at the spans that end at `end` and before, from the last one to the first.

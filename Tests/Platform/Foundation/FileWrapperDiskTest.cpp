@@ -109,6 +109,40 @@ TEST_F(FileWrapperDisk, WhatCannotBeReadGivesAnError) {
     }
 }
 
+TEST_F(FileWrapperDisk, FilesInFoldersAreReadWhenAskedFor) {
+    fs::create_directories(disk.path("doc/inner"));
+    disk.write("doc/inner/a", "early");
+    disk.write("doc/b", "gone soon");
+    disk.write("doc/c", "a link soon");
+    disk.write("doc/d", "a folder soon");
+    const Wrapper wrapper =
+        FileWrapper::initWithPath(disk.path("doc"), nullptr, platform::FileReading::WhenAsked);
+    ASSERT_NE(wrapper, nullptr);
+    disk.write("doc/inner/a", "late");
+    for (const char* name : {"doc/b", "doc/c", "doc/d"}) {
+        fs::remove(disk.path(name));
+    }
+    fs::create_symlink("inner/a", disk.path("doc/c"));
+    fs::create_directory(disk.path("doc/d"));
+    const Wrapper file = wrapper->fileWrapperForKey("inner")->fileWrapperForKey("a");
+    EXPECT_TRUE(file->isRegularFile());
+    EXPECT_EQ(file->regularFileContents(), platform::Data::copyOf("late"));
+    disk.write("doc/inner/a", "too late");
+    EXPECT_EQ(file->regularFileContents(), platform::Data::copyOf("late"));
+    for (const char* name : {"b", "c", "d"}) {
+        EXPECT_TRUE(wrapper->fileWrapperForKey(name)->isRegularFile());
+        EXPECT_EQ(wrapper->fileWrapperForKey(name)->regularFileContents(), std::nullopt);
+    }
+}
+
+TEST_F(FileWrapperDisk, AFileItselfIsReadAtOnce) {
+    const std::string path = disk.write("a", "early");
+    const Wrapper wrapper =
+        FileWrapper::initWithPath(path, nullptr, platform::FileReading::WhenAsked);
+    fs::remove(path);
+    EXPECT_EQ(wrapper->regularFileContents(), platform::Data::copyOf("early"));
+}
+
 TEST_F(FileWrapperDisk, NestingIsFollowedFor128Folders) {
     std::string path = disk.path("top");
     fs::create_directory(path);

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(TextReader, ReadsPlainTextWhateverItsEncoding) {
+TEST(TextReader, ReadsEachFormat) {
     struct Row {
         const char* name;
         std::string_view bytes;
@@ -23,6 +23,8 @@ TEST(TextReader, ReadsPlainTextWhateverItsEncoding) {
         {"UTF-16 with a mark", "\xFF\xFEz\0\xE9\0"sv, u"zé"},
         {"UTF-16 without a mark", "a\0b\0c\0"sv, u"abc"},
         {"UTF-32 without a mark", "\0\0\0a\0\0\0b"sv, u"ab"},
+        {"RTF", "{\\rtf1 words\\par}"sv, u"words\n"},
+        {"RTF behind a mark and white space", "\xEF\xBB\xBF\n {\\rtf1 words}"sv, u"words"},
         {"markup is text", "<?xml version=\"1.0\"?>"sv, u"<?xml version=\"1.0\"?>"},
     };
     for (const Row& row : rows) {
@@ -41,7 +43,6 @@ TEST(TextReader, RefusesWhatItCannotReadByItsName) {
     };
     constexpr Row kRows[] = {
         {"PDF", "%PDF-1.7\n"sv, "PDF is not read yet"},
-        {"RTF", "{\\rtf1 words}"sv, "RTF is not read yet"},
         {"flat RTFD", "rtfd\0\0\0\0\3\0\0\0"sv, "RTFD is not read yet"},
         {"HTML", "<html>"sv, "HTML is not read yet"},
         {"a picture", "\x89PNG\r\n\x1A\n"sv, "no text: a PNG picture"},

@@ -1,0 +1,191 @@
+#include "Platform/Text/RtfCodePages.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace platform {
+namespace {
+
+/// A code page whose characters have one byte or several, by its number and the library's name.
+struct MultiByteCodePage {
+    int number;
+    const char* name;
+    /// Whether a character may have more than two bytes.
+    bool isLong = false;
+};
+
+constexpr MultiByteCodePage kMultiByteCodePages[] = {
+    {932, "windows-932"},    {936, "windows-936"},   {949, "windows-949"},
+    {950, "windows-950"},    {951, "Big5-HKSCS"},    {10001, "windows-932"},
+    {10002, "windows-950"},  {10003, "windows-949"}, {10008, "windows-936"},
+    {51932, "euc-jp", true}, {51949, "windows-949"}, {54936, "gb18030", true},
+    {65001, "UTF-8", true},
+};
+
+const MultiByteCodePage* multiByteCodePage(int number) {
+    const auto* const found =
+        std::find_if(std::begin(kMultiByteCodePages), std::end(kMultiByteCodePages),
+                     [number](const MultiByteCodePage& page) { return page.number == number; });
+    return found != std::end(kMultiByteCodePages) ? found : nullptr;
+}
+
+/// Whether a byte is the first of two.
+bool isLead(unsigned char byte, int codePage) {
+    const bool isJapanese = codePage == 932 || codePage == 10001;
+    const bool isKana = byte >= 0xA0 && byte <= 0xDF;
+    return byte >= 0x81 && byte <= (isJapanese ? 0xFC : 0xFE) && !(isJapanese && isKana);
+}
+
+struct CharsetCodePage {
+    int charset;
+    int codePage;
+};
+
+// Those from 77 to 89 are of the Macintosh.
+constexpr CharsetCodePage kCharsets[] = {
+    {0, 1252},    {2, kRtfPicturesCodePage},
+    {77, 10000},  {78, 10001},
+    {79, 10003},  {80, 10008},
+    {81, 10002},  {83, 10005},
+    {84, 10004},  {85, 10006},
+    {86, 10081},  {87, 10021},
+    {88, 10029},  {89, 10007},
+    {128, 932},   {129, 949},
+    {134, 936},   {136, 950},
+    {161, 1253},  {162, 1254},
+    {163, 1258},  {177, 1255},
+    {178, 1256},  {179, 1256},
+    {180, 1256},  {181, 1255},
+    {186, 1257},  {204, 1251},
+    {222, 874},   {238, 1250},
+    {254, 437},   {255, 850},
+    {256, 10000},
+};
+
+constexpr std::u16string_view kSymbols =
+    u" !\u2200#\u2203%&\u220B()\u2217+,\u2212./0123456789:;<=>?"
+    u"\u2245\u0391\u0392\u03A7\u0394\u0395\u03A6\u0393\u0397\u0399\u03D1\u039A\u039B\u039C\u039D"
+    u"\u039F\u03A0\u0398\u03A1\u03A3\u03A4\u03A5\u03C2\u03A9\u039E\u03A8\u0396[\u2234]\u22A5_"
+    u"\u203E\u03B1\u03B2\u03C7\u03B4\u03B5\u03C6\u03B3\u03B7\u03B9\u03D5\u03BA\u03BB\u03BC\u03BD"
+    u"\u03BF\u03C0\u03B8\u03C1\u03C3\u03C4\u03C5\u03D6\u03C9\u03BE\u03C8\u03B6{|}\u223C\uFFFD";
+constexpr std::u16string_view kUpperSymbols =
+    u"\u20AC\u03D2\u2032\u2264\u2044\u221E\u0192\u2663\u2666\u2665\u2660\u2194\u2190\u2191\u2192"
+    u"\u2193\u00B0\u00B1\u2033\u2265\u00D7\u221D\u2202\u2022\u00F7\u2260\u2261\u2248\u2026\u23D0"
+    u"\u23AF\u21B5\u2135\u2111\u211C\u2118\u2297\u2295\u2205\u2229\u222A\u2283\u2287\u2284\u2282"
+    u"\u2286\u2208\u2209\u2220\u2207\u00AE\u00A9\u2122\u220F\u221A\u22C5\u00AC\u2227\u2228\u21D4"
+    u"\u21D0\u21D1\u21D2\u21D3\u25CA\u27E8\u00AE\u00A9\u2122\u2211\u239B\u239C\u239D\u23A1\u23A2"
+    u"\u23A3\u23A7\u23A8\u23A9\u23AA\uFFFD\u27E9\u222B\u2320\u23AE\u2321\u239E\u239F\u23A0\u23A4"
+    u"\u23A5\u23A6\u23AB\u23AC\u23AD\uFFFD";
+static_assert(kSymbols.size() == 0x60 && kUpperSymbols.size() == 0x60);
+
+/// The private characters of fonts of pictures.
+constexpr char16_t kPictures = 0xF000;
+
+}  // namespace
+
+bool isRtfCodePage(int number) {
+    return number == kRtfPicturesCodePage || number == kRtfSymbolCodePage ||
+           !upperHalfOfCodePage(number).empty() || multiByteCodePage(number) != nullptr;
+}
+
+int rtfCodePageOfCharset(int charset) {
+    const auto* const found =
+        std::find_if(std::begin(kCharsets), std::end(kCharsets),
+                     [charset](const CharsetCodePage& row) { return row.charset == charset; });
+    return found != std::end(kCharsets) ? found->codePage : 0;
+}
+
+std::optional<int> rtfCodePageOfPictures(std::u16string_view fontName) {
+    constexpr std::u16string_view kPictureFonts[] = {u"Wingdings",      u"Webdings",
+                                                     u"ZapfDingbats",   u"Zapf Dingbats",
+                                                     u"Monotype Sorts", u"Marlett"};
+    if (fontName == u"Symbol") {
+        return kRtfSymbolCodePage;
+    }
+    const bool isOfPictures =
+        std::any_of(std::begin(kPictureFonts), std::end(kPictureFonts),
+                    [&](std::u16string_view start) { return fontName.starts_with(start); });
+    return isOfPictures ? std::optional(kRtfPicturesCodePage) : std::nullopt;
+}
+
+char16_t rtfSymbol(std::uint8_t place) {
+    if (place >= 0xA0) {
+        return kUpperSymbols[place - 0xA0U];
+    }
+    return place >= 0x20 && place < 0x80 ? kSymbols[place - 0x20U] : char16_t{0xFFFD};
+}
+
+void RtfDecoder::setCodePage(int number) {
+    if (number != codePage_) {
+        codePage_ = number;
+        upperHalf_ = upperHalfOfCodePage(number);
+        isAsciiItself_ = number != kRtfPicturesCodePage && number != kRtfSymbolCodePage;
+    }
+}
+
+void RtfDecoder::append(std::u16string& text, std::string_view bytes) {
+    if (isHalf_ && !bytes.empty()) {
+        pending_ += bytes.front();
+        bytes.remove_prefix(1);
+        isHalf_ = false;
+    }
+    if (bytes.empty()) {
+        return;
+    }
+    if (upperHalf_.empty() && isAsciiItself_) {
+        wait(text, bytes);
+    } else {
+        finish(text);
+        appendSingle(text, bytes);
+    }
+}
+
+void RtfDecoder::appendSingle(std::u16string& text, std::string_view bytes) const {
+    for (const char byte : bytes) {
+        const auto place = static_cast<unsigned char>(byte);
+        if (codePage_ == kRtfSymbolCodePage) {
+            text += rtfSymbol(place);
+        } else if (codePage_ == kRtfPicturesCodePage) {
+            text += static_cast<char16_t>(place > 0x20 ? kPictures + place : place);
+        } else {
+            text += place < 0x80 ? place : upperHalf_[place - 0x80U];
+        }
+    }
+}
+
+void RtfDecoder::wait(std::u16string& text, std::string_view bytes) {
+    if (pendingCodePage_ != codePage_) {
+        finish(text);
+        pendingCodePage_ = codePage_;
+    }
+    // More than this is no faster at a time.
+    constexpr std::size_t kMostPending = 4096;
+    if (pending_.size() > kMostPending) {
+        flush(text);
+    }
+    pending_ += bytes;
+    for (const char byte : bytes) {
+        isHalf_ = !isHalf_ && isLead(static_cast<unsigned char>(byte), codePage_);
+    }
+}
+
+void RtfDecoder::convert(std::u16string& text, BytesFollow follow) {
+    converter().append(text, pending_, follow);
+    pending_.clear();
+    const MultiByteCodePage* const page = multiByteCodePage(pendingCodePage_);
+    isOpen_ = follow == BytesFollow::Yes && (isHalf_ || page->isLong);
+    isHalf_ = isHalf_ && isOpen_;
+}
+
+CodePageConverter& RtfDecoder::converter() {
+    for (const Converter& known : converters_) {
+        if (known.codePage == pendingCodePage_) {
+            return *known.converter;
+        }
+    }
+    converters_.push_back({pendingCodePage_, CodePageConverter::converterNamed(
+                                                 multiByteCodePage(pendingCodePage_)->name)});
+    return *converters_.back().converter;
+}
+
+}  // namespace platform
