@@ -23,12 +23,6 @@ bool refuse(int errnoValue, const std::string& path) {
     return false;
 }
 
-// A key may come from an archive of a stranger: it must not lead out of its folder.
-bool isFileName(std::string_view key) {
-    return !key.empty() && key != "." && key != ".." &&
-           key.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
-}
-
 bool writeBytes(const Data& contents, const std::string& path) {
     const auto file = FileDescriptor::open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
     if (!file.isOpen()) {
@@ -100,7 +94,7 @@ bool replaceItem(const std::string& staged, const std::string& path) {
 bool FileWrapper::writeToFile(const std::string& path, Atomically atomically,
                               UpdateFilenames updateFilenames) {
     const std::string name = lastPathComponent(path);
-    if (!isFileName(name) || path.find('\0') != std::string::npos) {
+    if (!isPathComponent(name) || path.find('\0') != std::string::npos) {
         return refuse(EINVAL, path);
     }
     const std::string target = path.substr(0, path.find_last_not_of('/') + 1);
@@ -143,7 +137,8 @@ bool FileWrapper::writeChildren(const std::string& path, UpdateFilenames updateF
     for (const auto& [key, child] : fileWrappers()) {
         std::string childPath = path;
         childPath.append("/").append(key);
-        if (!isFileName(key)) {
+        // A key may come from an archive of a stranger: it must not lead out of its folder.
+        if (!isPathComponent(key)) {
             return refuse(EINVAL, childPath);
         }
         if (!child->writeToFile(childPath, Atomically::No, updateFilenames)) {
