@@ -24,8 +24,8 @@ constexpr float kLoneLetter = 1.5F;          // a word of one letter
 constexpr float kSmallToCapital = 6;         // a capital behind a small letter
 constexpr float kCapitalsToSmall = 3;        // a small letter behind two capitals
 constexpr float kWordInCapital = 1.5F;       // a capital at the start of a word
-constexpr float kNextCapital = 1;
-constexpr float kOutOfPlace = 5;  // a form that the place in a word forbids
+constexpr float kSecondCapital = 1;          // those behind it are no surprise
+constexpr float kOutOfPlace = 5;             // a form that the place in a word forbids
 constexpr float kLoneMark = 6;
 constexpr float kEndlessWord = 1;  // each letter behind the twentieth
 
@@ -113,6 +113,7 @@ bool isEndForm(char16_t unit) {
 class CostCounter {
 public:
     void add(char16_t unit, char16_t next);
+    void endWord();
     [[nodiscard]] float cost() const { return cost_; }
 
 private:
@@ -120,7 +121,6 @@ private:
     void addCase(Case its);
     void addMark(char16_t unit);
     void addSign(char16_t unit, char16_t next);
-    void endWord();
 
     float cost_ = 0;
     char16_t last_ = u' ';
@@ -180,9 +180,8 @@ void CostCounter::addLetter(char16_t unit, Script script) {
 
 void CostCounter::addCase(Case its) {
     if (its == Case::Capital) {
-        cost_ += case_ == Case::Small     ? kSmallToCapital
-                 : case_ == Case::Capital ? kNextCapital
-                                          : kWordInCapital;
+        constexpr float kCapitals[] = {kWordInCapital, kSecondCapital, 0};
+        cost_ += case_ == Case::Small ? kSmallToCapital : kCapitals[std::min(capitals_, 2)];
     } else if (its == Case::Small && capitals_ >= 2) {
         cost_ += kCapitalsToSmall;
     }
@@ -245,6 +244,7 @@ float alphabetCost(std::u16string_view text) {
     for (std::size_t i = 0; i < text.size(); i++) {
         counter.add(text[i], i + 1 < text.size() ? text[i + 1] : u' ');
     }
+    counter.endWord();
     return counter.cost();
 }
 

@@ -357,7 +357,7 @@ TEST(RtfReader, ReadsEveryBeginningOfADocument) {
 
 TEST(RtfReader, RefusesWhatIsNoRtf) {
     for (const std::string_view bytes :
-         {""sv, "{"sv, "{\\rt"sv, " {\\rtf1 a}"sv, "\\rtf1 a"sv, "{\\RTF1 a}"sv, "words"sv}) {
+         {""sv, "{"sv, "{\\rt"sv, "a {\\rtf1 a}"sv, "\\rtf1 a"sv, "{\\RTF1 a}"sv, "words"sv}) {
         EXPECT_FALSE(isRtf(bytes)) << bytes;
         const auto text = attributedStringFromRtf(Data::copyOf(bytes));
         ASSERT_FALSE(text) << bytes;
