@@ -33,6 +33,7 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> markedUpTextSeeds();
 [[nodiscard]] std::vector<Seed> textSeeds();
+[[nodiscard]] std::vector<Seed> plainTextSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
