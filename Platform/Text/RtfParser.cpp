@@ -44,8 +44,7 @@ RtfParser::RtfParser(std::string_view document, const AttachmentFinder& findAtta
 }
 
 AttributedString RtfParser::parse() {
-    for (RtfToken token = tokenizer_.next(); token.kind != RtfTokenKind::End && take(token);) {
-        token = tokenizer_.next();
+    while (take(tokenizer_.next())) {
     }
     body_.takeParagraphs(notes_, state_.paragraph);
     return body_.finish(state_.paragraph);
@@ -69,9 +68,6 @@ bool RtfParser::take(const RtfToken& token) {
         case RtfTokenKind::Symbol:
             isMarked_ = isGroupStart && token.text == "*";
             takeSymbol(token.text);
-            break;
-        case RtfTokenKind::Byte:
-            takeByte(static_cast<char>(token.parameter));
             break;
         case RtfTokenKind::End:
             return false;
@@ -152,15 +148,6 @@ void RtfParser::takeText(std::string_view bytes, bool areAscii) {
         case TextKind::ColorTable:
             colors_.append(bytes);
             break;
-    }
-}
-
-void RtfParser::takeByte(char byte) {
-    const auto value = static_cast<unsigned char>(byte);
-    if (byte == '\r' || byte == '\n') {
-        insert(u'\n');
-    } else if (value >= 0x20 || byte == '\t') {
-        takeText({&byte, 1}, value < 0x80);
     }
 }
 

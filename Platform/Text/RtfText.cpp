@@ -132,8 +132,9 @@ void RtfText::closeRuns(const RtfParagraphFormat& format) {
     if (!openRuns_.empty() || text_.size() != runStart_) {
         endRun();
     }
+    const std::uint16_t paragraph = attributes_.indexOf(format);
     for (const OpenRun& run : openRuns_) {
-        addRun(run.length, attributes_.indexOf(run.format, format));
+        addRun(run.length, attributes_.indexOf(run.format, paragraph));
     }
     openRuns_.clear();
 }
