@@ -79,6 +79,7 @@ RtfAttributes::RtfAttributes(const RtfFonts& fonts, const RtfColors& colors, con
     links_.emplace_back();
     attachments_.emplace_back();
     attachments_.push_back(made<TextAttachment>(nullptr));
+    sets_.emplace_back();
 }
 
 std::uint16_t RtfAttributes::addLink(std::string url) {

@@ -47,6 +47,9 @@ public:
     [[nodiscard]] std::uint32_t indexOf(const RtfCharacterFormat& character,
                                         std::uint16_t paragraph);
 
+    /// The number of no set at all.
+    static constexpr std::uint32_t kNoAttributes = 0;
+
     /// The set of a number.
     [[nodiscard]] const Attributes& operator[](std::uint32_t index) const { return sets_[index]; }
 

@@ -14,6 +14,14 @@ constexpr std::size_t kMostStates = 4096;
 constexpr std::int32_t kUtf16Units = 0x10000;
 constexpr std::int32_t kCodePoints = 0x110000;
 
+/// A run takes five times the memory of the shortest word that begins one. So there are fewer than
+/// a document could ask for, but more than programs do.
+std::size_t mostRunsOf(std::string_view document) {
+    constexpr std::size_t kBytesForEach = 6;
+    constexpr std::size_t kAlways = 4096;
+    return kAlways + document.size() / kBytesForEach;
+}
+
 /// The character of a symbol; 0 for one that has none.
 char16_t characterOf(char symbol) {
     switch (symbol) {
@@ -36,9 +44,9 @@ RtfParser::RtfParser(std::string_view document, const AttachmentFinder& findAtta
     : tokenizer_(document),
       findAttachment_(findAttachment),
       attributes_(fonts_, colors_, tabs_),
-      body_(attributes_),
-      notes_(attributes_),
-      names_(attributes_) {
+      body_(attributes_, mostRunsOf(document)),
+      notes_(attributes_, mostRunsOf(document)),
+      names_(attributes_, 0) {
     body_.reserve(document.size());
     state_.text = &body_;
 }

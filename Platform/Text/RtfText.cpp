@@ -140,6 +140,9 @@ void RtfText::closeRuns(const RtfParagraphFormat& format) {
 }
 
 void RtfText::addRun(std::size_t length, std::uint32_t set) {
+    if (runs_.size() >= mostRuns_) {
+        set = RtfAttributes::kNoAttributes;
+    }
     constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max();
     const bool goesOn =
         !runs_.empty() && runs_.back().set == set && length <= kMost - runs_.back().length;
