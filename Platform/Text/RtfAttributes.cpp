@@ -73,10 +73,13 @@ private:
 
 RtfAttributes::RtfAttributes(const RtfFonts& fonts, const RtfColors& colors, const RtfTabs& tabs)
     : fonts_(fonts), colors_(colors), tabs_(tabs) {
-    // Index 0 is none.
+    // Index 0 is none, or the default.
+    paragraphIndices_.emplace(RtfParagraphFormat(), std::uint16_t{0});
+    paragraphStyles_.emplace_back();
     links_.emplace_back();
     attachments_.emplace_back();
     attachments_.push_back(made<TextAttachment>(nullptr));
+    sets_.emplace_back();
 }
 
 std::uint16_t RtfAttributes::addLink(std::string url) {
@@ -95,12 +98,41 @@ std::uint16_t RtfAttributes::addAttachment(std::shared_ptr<const TextAttachment>
     return static_cast<std::uint16_t>(attachments_.size() - 1);
 }
 
-std::uint32_t RtfAttributes::indexOf(const RtfCharacterFormat& character,
-                                     const RtfParagraphFormat& paragraph) {
-    Look look{character, paragraph};
+std::uint16_t RtfAttributes::indexOf(const RtfParagraphFormat& paragraph) {
+    if (paragraph == paragraph_) {
+        return paragraphIndex_;
+    }
+    const auto known = paragraphIndices_.find(paragraph);
+    if (known == paragraphIndices_.end() && paragraphStyles_.size() == kMostParagraphs) {
+        return 0;
+    }
+    const auto [place, isNew] = paragraphIndices_.try_emplace(
+        paragraph, static_cast<std::uint16_t>(paragraphStyles_.size()));
+    if (isNew) {
+        paragraphStyles_.push_back(paragraphStyleOf(paragraph));
+    }
+    paragraph_ = paragraph;
+    paragraphIndex_ = place->second;
+    return paragraphIndex_;
+}
+
+std::uint32_t RtfAttributes::indexOf(const RtfCharacterFormat& character, std::uint16_t paragraph) {
+    const std::size_t mixed = character.font * 7U + character.halfPoints * 3U + character.color +
+                              (character.isBold ? 31U : 0U) + (character.isItalic ? 17U : 0U) +
+                              paragraph;
+    Recent& recent = recent_[mixed % kMostRecent];
+    const Look look{character, paragraph};
+    if (!recent.isSet || recent.look != look) {
+        recent = {look, findIndex(look), true};
+    }
+    return recent.index;
+}
+
+std::uint32_t RtfAttributes::findIndex(Look look) {
     if (sets_.size() >= kMostSets && !indices_.contains(look)) {
+        const std::uint16_t attachment = look.character.attachment;
         look = {};
-        look.character.attachment = character.attachment;
+        look.character.attachment = attachment;
     }
     const auto [place, isNew] = indices_.try_emplace(look, sets_.size());
     if (isNew) {
@@ -118,7 +150,7 @@ Attributes RtfAttributes::attributesOf(const Look& look) {
     entries.addNumber(kUnderlineStyleAttributeName, character.underline);
     entries.addNumber(kStrikethroughStyleAttributeName, character.strikethrough);
     entries.addNumber(kSuperscriptAttributeName, character.superscript);
-    entries.add(kParagraphStyleAttributeName, paragraphStyleOf(look.paragraph));
+    entries.add(kParagraphStyleAttributeName, paragraphStyles_[look.paragraph]);
     entries.add(kLinkAttributeName, links_[character.link]);
     entries.add(kAttachmentAttributeName, attachments_[character.attachment]);
     return entries.finish();
@@ -139,17 +171,10 @@ Value RtfAttributes::fontOf(const RtfCharacterFormat& character) {
     return place->second;
 }
 
-Value RtfAttributes::paragraphStyleOf(const RtfParagraphFormat& paragraph) {
-    if (paragraph == RtfParagraphFormat()) {
-        return {};
-    }
-    const auto [place, isNew] = paragraphStyles_.try_emplace(paragraph);
-    if (isNew) {
-        ParagraphLayout layout = layoutOf(paragraph);
-        layout.tabStops = tabs_.at(paragraph.tabs);
-        place->second = made<ParagraphStyle>(std::move(layout));
-    }
-    return place->second;
+Value RtfAttributes::paragraphStyleOf(const RtfParagraphFormat& paragraph) const {
+    ParagraphLayout layout = layoutOf(paragraph);
+    layout.tabStops = tabs_.at(paragraph.tabs);
+    return made<ParagraphStyle>(std::move(layout));
 }
 
 Value RtfAttributes::colorAt(std::uint16_t index) const {

@@ -39,9 +39,16 @@ public:
     /// The attachment without a file.
     static constexpr std::uint16_t kFilelessAttachment = 1;
 
-    /// Returns the number of the set for a look.
+    /// Returns the number that stands for a layout of paragraphs; that of the default one when
+    /// there are too many.
+    [[nodiscard]] std::uint16_t indexOf(const RtfParagraphFormat& paragraph);
+
+    /// Returns the number of the set for a look of characters in paragraphs of a layout's number.
     [[nodiscard]] std::uint32_t indexOf(const RtfCharacterFormat& character,
-                                        const RtfParagraphFormat& paragraph);
+                                        std::uint16_t paragraph);
+
+    /// The number of no set at all.
+    static constexpr std::uint32_t kNoAttributes = 0;
 
     /// The set of a number.
     [[nodiscard]] const Attributes& operator[](std::uint32_t index) const { return sets_[index]; }
@@ -49,16 +56,25 @@ public:
 private:
     struct Look {
         RtfCharacterFormat character;
-        RtfParagraphFormat paragraph;
+        std::uint16_t paragraph = 0;
 
         friend auto operator<=>(const Look&, const Look&) = default;
     };
     using FontLook = std::array<std::uint16_t, 4>;
     static constexpr std::size_t kMostAttachments = 4096;
 
+    /// A look that was asked for lately.
+    struct Recent {
+        Look look;
+        std::uint32_t index = 0;
+        bool isSet = false;
+    };
+    static constexpr std::size_t kMostRecent = 64;
+
+    [[nodiscard]] std::uint32_t findIndex(Look look);
     [[nodiscard]] Attributes attributesOf(const Look& look);
     [[nodiscard]] Value fontOf(const RtfCharacterFormat& character);
-    [[nodiscard]] Value paragraphStyleOf(const RtfParagraphFormat& paragraph);
+    [[nodiscard]] Value paragraphStyleOf(const RtfParagraphFormat& paragraph) const;
     [[nodiscard]] Value colorAt(std::uint16_t index) const;
 
     const RtfFonts& fonts_;
@@ -66,11 +82,20 @@ private:
     const RtfTabs& tabs_;
     std::vector<Value> links_;
     std::vector<Value> attachments_;
+    static constexpr std::size_t kMostParagraphs = 4096;
+
+    std::map<RtfParagraphFormat, std::uint16_t> paragraphIndices_;
+    /// Null for the default layout, which has the number 0.
+    std::vector<Value> paragraphStyles_;
+    /// What was asked for last.
+    RtfParagraphFormat paragraph_;
+    std::uint16_t paragraphIndex_ = 0;
+
     std::map<Look, std::uint32_t> indices_;
+    std::array<Recent, kMostRecent> recent_;
     std::vector<Attributes> sets_;
     /// What sets share.
     std::map<FontLook, Value> fontValues_;
-    std::map<RtfParagraphFormat, Value> paragraphStyles_;
 };
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -116,10 +117,13 @@ char16_t rtfSymbol(std::uint8_t place) {
 }
 
 void RtfDecoder::setCodePage(int number) {
-    if (number != codePage_) {
-        codePage_ = number;
-        upperHalf_ = upperHalfOfCodePage(number);
-        isAsciiItself_ = number != kRtfPicturesCodePage && number != kRtfSymbolCodePage;
+    if (number == page_.number) {
+        return;
+    }
+    std::swap(page_, otherPage_);
+    if (number != page_.number) {
+        page_ = {number, upperHalfOfCodePage(number),
+                 number != kRtfPicturesCodePage && number != kRtfSymbolCodePage};
     }
 }
 
@@ -132,7 +136,7 @@ void RtfDecoder::append(std::u16string& text, std::string_view bytes) {
     if (bytes.empty()) {
         return;
     }
-    if (upperHalf_.empty() && isAsciiItself_) {
+    if (page_.isMultiple()) {
         wait(text, bytes);
     } else {
         finish(text);
@@ -141,22 +145,28 @@ void RtfDecoder::append(std::u16string& text, std::string_view bytes) {
 }
 
 void RtfDecoder::appendSingle(std::u16string& text, std::string_view bytes) const {
+    const std::size_t start = text.size();
+    text.resize(start + bytes.size());
+    char16_t* unit = text.data() + start;
+    if (page_.isAsciiItself) {
+        for (const char byte : bytes) {
+            const auto place = static_cast<unsigned char>(byte);
+            *unit++ = place < 0x80 ? place : page_.upperHalf[place - 0x80U];
+        }
+        return;
+    }
     for (const char byte : bytes) {
         const auto place = static_cast<unsigned char>(byte);
-        if (codePage_ == kRtfSymbolCodePage) {
-            text += rtfSymbol(place);
-        } else if (codePage_ == kRtfPicturesCodePage) {
-            text += static_cast<char16_t>(place > 0x20 ? kPictures + place : place);
-        } else {
-            text += place < 0x80 ? place : upperHalf_[place - 0x80U];
-        }
+        *unit++ = page_.number == kRtfSymbolCodePage
+                      ? rtfSymbol(place)
+                      : static_cast<char16_t>(place > 0x20 ? kPictures + place : place);
     }
 }
 
 void RtfDecoder::wait(std::u16string& text, std::string_view bytes) {
-    if (pendingCodePage_ != codePage_) {
+    if (pendingCodePage_ != page_.number) {
         finish(text);
-        pendingCodePage_ = codePage_;
+        pendingCodePage_ = page_.number;
     }
     // More than this is no faster at a time.
     constexpr std::size_t kMostPending = 4096;
@@ -165,27 +175,28 @@ void RtfDecoder::wait(std::u16string& text, std::string_view bytes) {
     }
     pending_ += bytes;
     for (const char byte : bytes) {
-        isHalf_ = !isHalf_ && isLead(static_cast<unsigned char>(byte), codePage_);
+        isHalf_ = !isHalf_ && isLead(static_cast<unsigned char>(byte), page_.number);
     }
 }
 
 void RtfDecoder::convert(std::u16string& text, BytesFollow follow) {
-    converter().append(text, pending_, follow);
+    const Converter& used = converter();
+    used.converter->append(text, pending_, follow);
     pending_.clear();
-    const MultiByteCodePage* const page = multiByteCodePage(pendingCodePage_);
-    isOpen_ = follow == BytesFollow::Yes && (isHalf_ || page->isLong);
+    isOpen_ = follow == BytesFollow::Yes && (isHalf_ || used.isLong);
     isHalf_ = isHalf_ && isOpen_;
 }
 
-CodePageConverter& RtfDecoder::converter() {
-    for (const Converter& known : converters_) {
+RtfDecoder::Converter& RtfDecoder::converter() {
+    for (Converter& known : converters_) {
         if (known.codePage == pendingCodePage_) {
-            return *known.converter;
+            return known;
         }
     }
-    converters_.push_back({pendingCodePage_, CodePageConverter::converterNamed(
-                                                 multiByteCodePage(pendingCodePage_)->name)});
-    return *converters_.back().converter;
+    const MultiByteCodePage* const page = multiByteCodePage(pendingCodePage_);
+    converters_.push_back(
+        {pendingCodePage_, page->isLong, CodePageConverter::converterNamed(page->name)});
+    return converters_.back();
 }
 
 }  // namespace platform

@@ -45,10 +45,9 @@ public:
     ///
     /// Requires: isRtfCodePage.
     void setCodePage(int number);
-    [[nodiscard]] int codePage() const { return codePage_; }
 
     /// Whether nothing waits and bytes below 0x80 stand for themselves.
-    [[nodiscard]] bool takesAsciiAsItIs() const { return isAsciiItself_ && !isWaiting(); }
+    [[nodiscard]] bool takesAsciiAsItIs() const { return page_.isAsciiItself && !isWaiting(); }
 
     /// Converts bytes; those of characters of several bytes may wait.
     void append(std::u16string& text, std::string_view bytes);
@@ -68,8 +67,18 @@ public:
     }
 
 private:
+    /// A code page of one byte a character, of several where the upper half is empty.
+    struct Page {
+        int number = kRtfDefaultCodePage;
+        std::u16string_view upperHalf = upperHalfOfCodePage(kRtfDefaultCodePage);
+        bool isAsciiItself = true;
+
+        [[nodiscard]] bool isMultiple() const { return upperHalf.empty() && isAsciiItself; }
+    };
     struct Converter {
         int codePage;
+        /// Whether a character may have more than two bytes.
+        bool isLong;
         std::unique_ptr<CodePageConverter> converter;
     };
 
@@ -77,11 +86,11 @@ private:
     void appendSingle(std::u16string& text, std::string_view bytes) const;
     void wait(std::u16string& text, std::string_view bytes);
     void convert(std::u16string& text, BytesFollow follow);
-    [[nodiscard]] CodePageConverter& converter();
+    [[nodiscard]] Converter& converter();
 
-    int codePage_ = kRtfDefaultCodePage;
-    std::u16string_view upperHalf_ = upperHalfOfCodePage(kRtfDefaultCodePage);
-    bool isAsciiItself_ = true;
+    Page page_;
+    /// The one before, which is often the next.
+    Page otherPage_;
 
     /// Bytes that wait, and what they are in.
     std::string pending_;

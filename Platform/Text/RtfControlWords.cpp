@@ -215,38 +215,58 @@ static_assert(std::is_sorted(std::begin(kWords), std::end(kWords),
 constexpr std::size_t kPlaces = 1024;
 static_assert(std::size(kWords) < kPlaces / 2);
 
+constexpr std::size_t firstPlaceOf(std::uint32_t hash) {
+    constexpr std::uint32_t kMixer = 0x9E3779B1;
+    return (hash * kMixer) >> (32U - 10U);
+}
+static_assert(kPlaces == 1U << 10U);
+
 constexpr std::size_t placeAfter(std::size_t place) {
     return (place + 1) % kPlaces;
 }
 
-/// One more than the number of the word at a place; 0 where there is none.
-constexpr std::array<std::uint16_t, kPlaces> placeTable() {
-    std::array<std::uint16_t, kPlaces> places{};
+/// One more than the number of the word at a place, 0 where there is none, and the word's hash.
+struct Place {
+    std::uint32_t hash = 0;
+    std::uint16_t number = 0;
+};
+
+constexpr std::array<Place, kPlaces> placeTable() {
+    std::array<Place, kPlaces> places{};
     std::uint16_t number = 0;
     for (const RtfControlWord& word : kWords) {
         std::uint32_t hash = kRtfWordHashStart;
         for (const char letter : word.name) {
             hash = rtfWordHash(hash, letter);
         }
-        std::size_t place = hash % kPlaces;
-        while (places[place] != 0) {
+        std::size_t place = firstPlaceOf(hash);
+        while (places[place].number != 0) {
             place = placeAfter(place);
         }
-        places[place] = ++number;
+        places[place] = {hash, ++number};
     }
     return places;
 }
 
 constexpr auto kPlaceTable = placeTable();
 
+/// Whether two names are the same; they are too short for a call of the library.
+bool areSame(std::string_view first, std::string_view second) {
+    std::size_t at = 0;
+    while (at < first.size() && at < second.size() && first[at] == second[at]) {
+        ++at;
+    }
+    return at == first.size() && at == second.size();
+}
+
 }  // namespace
 
 const RtfControlWord* rtfControlWord(const RtfToken& word) {
-    for (std::size_t place = word.hash % kPlaces; kPlaceTable[place] != 0;
-         place = placeAfter(place)) {
-        const RtfControlWord& found = kWords[kPlaceTable[place] - 1];
-        if (found.name == word.text) {
-            return &found;
+    for (std::size_t at = firstPlaceOf(word.hash); kPlaceTable[at].number != 0;
+         at = placeAfter(at)) {
+        const Place place = kPlaceTable[at];
+        if (place.hash == word.hash && areSame(kWords[place.number - 1].name, word.text)) {
+            return &kWords[place.number - 1];
         }
     }
     return nullptr;

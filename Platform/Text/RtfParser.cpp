@@ -14,6 +14,14 @@ constexpr std::size_t kMostStates = 4096;
 constexpr std::int32_t kUtf16Units = 0x10000;
 constexpr std::int32_t kCodePoints = 0x110000;
 
+/// A run takes five times the memory of the shortest word that begins one. So there are fewer than
+/// a document could ask for, but more than programs do.
+std::size_t mostRunsOf(std::string_view document) {
+    constexpr std::size_t kBytesForEach = 6;
+    constexpr std::size_t kAlways = 4096;
+    return kAlways + document.size() / kBytesForEach;
+}
+
 /// The character of a symbol; 0 for one that has none.
 char16_t characterOf(char symbol) {
     switch (symbol) {
@@ -36,16 +44,15 @@ RtfParser::RtfParser(std::string_view document, const AttachmentFinder& findAtta
     : tokenizer_(document),
       findAttachment_(findAttachment),
       attributes_(fonts_, colors_, tabs_),
-      body_(attributes_),
-      notes_(attributes_),
-      names_(attributes_) {
+      body_(attributes_, mostRunsOf(document)),
+      notes_(attributes_, mostRunsOf(document)),
+      names_(attributes_, 0) {
     body_.reserve(document.size());
     state_.text = &body_;
 }
 
 AttributedString RtfParser::parse() {
-    for (RtfToken token = tokenizer_.next(); token.kind != RtfTokenKind::End && take(token);) {
-        token = tokenizer_.next();
+    while (take(tokenizer_.next())) {
     }
     body_.takeParagraphs(notes_, state_.paragraph);
     return body_.finish(state_.paragraph);
@@ -69,9 +76,6 @@ bool RtfParser::take(const RtfToken& token) {
         case RtfTokenKind::Symbol:
             isMarked_ = isGroupStart && token.text == "*";
             takeSymbol(token.text);
-            break;
-        case RtfTokenKind::Byte:
-            takeByte(static_cast<char>(token.parameter));
             break;
         case RtfTokenKind::End:
             return false;
@@ -152,15 +156,6 @@ void RtfParser::takeText(std::string_view bytes, bool areAscii) {
         case TextKind::ColorTable:
             colors_.append(bytes);
             break;
-    }
-}
-
-void RtfParser::takeByte(char byte) {
-    const auto value = static_cast<unsigned char>(byte);
-    if (byte == '\r' || byte == '\n') {
-        insert(u'\n');
-    } else if (value >= 0x20 || byte == '\t') {
-        takeText({&byte, 1}, value < 0x80);
     }
 }
 

@@ -66,7 +66,6 @@ private:
     void finishGroup(const State& group);
 
     void takeText(std::string_view bytes, bool areAscii);
-    void takeByte(char byte);
     void takeUnit(char16_t unit);
     void takeSymbol(std::string_view symbol);
     void takeWord(const RtfToken& token, bool isMarked);

@@ -132,13 +132,17 @@ void RtfText::closeRuns(const RtfParagraphFormat& format) {
     if (!openRuns_.empty() || text_.size() != runStart_) {
         endRun();
     }
+    const std::uint16_t paragraph = attributes_.indexOf(format);
     for (const OpenRun& run : openRuns_) {
-        addRun(run.length, attributes_.indexOf(run.format, format));
+        addRun(run.length, attributes_.indexOf(run.format, paragraph));
     }
     openRuns_.clear();
 }
 
 void RtfText::addRun(std::size_t length, std::uint32_t set) {
+    if (runs_.size() >= mostRuns_) {
+        set = RtfAttributes::kNoAttributes;
+    }
     constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max();
     const bool goesOn =
         !runs_.empty() && runs_.back().set == set && length <= kMost - runs_.back().length;

@@ -21,8 +21,11 @@ namespace platform {
 /// Takes text in bytes and in characters. What a paragraph looks like is known only at its end.
 class RtfText {
 public:
+    /// Text behind the run number `mostRuns` has no attributes.
+    ///
     /// Requires: `attributes` lives as long as this object.
-    explicit RtfText(RtfAttributes& attributes) : attributes_(attributes) {}
+    RtfText(RtfAttributes& attributes, std::size_t mostRuns)
+        : attributes_(attributes), mostRuns_(mostRuns) {}
 
     /// Makes room, so that the text is not moved while it grows.
     void reserve(std::size_t length) { text_.reserve(length); }
@@ -90,6 +93,7 @@ private:
     void mendLoneSurrogate();
 
     RtfAttributes& attributes_;
+    const std::size_t mostRuns_;
     RtfDecoder decoder_;
     std::u16string text_;
     RtfCharacterFormat format_;

@@ -31,12 +31,12 @@ bool isLetter(char byte) {
     return lower >= 'a' && lower <= 'z';
 }
 
-bool isDigit(char byte) {
+constexpr bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
 }
 
 /// The value of a hexadecimal digit; negative when it is none.
-int hexValue(char byte) {
+constexpr int hexValue(char byte) {
     if (isDigit(byte)) {
         return byte - '0';
     }
@@ -44,89 +44,125 @@ int hexValue(char byte) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
+constexpr std::array<std::int8_t, 256> hexTable() {
+    std::array<std::int8_t, 256> values{};
+    for (std::size_t byte = 0; byte < values.size(); ++byte) {
+        values[byte] = static_cast<std::int8_t>(hexValue(static_cast<char>(byte)));
+    }
+    return values;
+}
+
+constexpr auto kHexValues = hexTable();
+
+/// The value of two hexadecimal digits behind a backslash and an apostrophe; negative when `at`
+/// does not stand before such.
+int escapedByte(const char* at, const char* end) {
+    constexpr std::ptrdiff_t kLength = 4;
+    if (end - at < kLength || at[0] != '\\' || at[1] != '\'') {
+        return -1;
+    }
+    const int upper = kHexValues[static_cast<unsigned char>(at[2])];
+    const int lower = kHexValues[static_cast<unsigned char>(at[3])];
+    return upper < 0 || lower < 0 ? -1 : upper * 16 + lower;
+}
+
 }  // namespace
 
-RtfToken RtfTokenizer::next() {
+const RtfToken& RtfTokenizer::next() {
     for (; at_ != end_; ++at_) {
         switch (classOf(*at_)) {
             case ByteClass::Ignored:
                 break;
             case ByteClass::Text:
-                return text();
+                readText();
+                return token_;
             case ByteClass::Open:
                 ++at_;
-                return {.kind = RtfTokenKind::Open, .text = {}};
+                set(RtfTokenKind::Open, {});
+                return token_;
             case ByteClass::Close:
                 ++at_;
-                return {.kind = RtfTokenKind::Close, .text = {}};
+                set(RtfTokenKind::Close, {});
+                return token_;
             case ByteClass::Backslash:
-                if (++at_ == end_) {
-                    return {};
-                }
-                return control();
+                readControl();
+                return token_;
         }
     }
-    return {};
+    set(RtfTokenKind::End, {});
+    return token_;
 }
 
-RtfToken RtfTokenizer::text() {
+void RtfTokenizer::readText() {
     const char* const start = at_;
     unsigned bits = 0;
     do {
         bits |= static_cast<unsigned char>(*at_++);
     } while (at_ != end_ && classOf(*at_) == ByteClass::Text);
-    return {.kind = RtfTokenKind::Text,
-            .isAscii = bits < 0x80,
-            .text = {start, static_cast<std::size_t>(at_ - start)}};
+    token_.isAscii = bits < 0x80;
+    set(RtfTokenKind::Text, {start, static_cast<std::size_t>(at_ - start)});
 }
 
-RtfToken RtfTokenizer::control() {
-    if (isLetter(*at_)) {
-        return word();
+void RtfTokenizer::readControl() {
+    if (end_ - at_ < 2) {
+        at_ = end_;
+        set(RtfTokenKind::End, {});
+    } else if (isLetter(at_[1])) {
+        ++at_;
+        readWord();
+    } else if (at_[1] == '\'') {
+        readEscaped();
+    } else {
+        set(RtfTokenKind::Symbol, {at_ + 1, 1});
+        at_ += 2;
     }
-    if (*at_ == '\'') {
-        return byte();
-    }
-    return {.kind = RtfTokenKind::Symbol, .text = {at_++, 1}};
 }
 
-RtfToken RtfTokenizer::word() {
-    RtfToken token{.kind = RtfTokenKind::Word, .hash = kRtfWordHashStart, .text = {}};
-    const char* const start = at_;
-    for (; at_ != end_ && isLetter(*at_); ++at_) {
-        token.hash = rtfWordHash(token.hash, *at_);
+void RtfTokenizer::readWord() {
+    const char* at = at_;
+    std::uint32_t hash = kRtfWordHashStart;
+    for (; at != end_ && isLetter(*at); ++at) {
+        hash = rtfWordHash(hash, *at);
     }
-    token.text = {start, static_cast<std::size_t>(at_ - start)};
-    const bool isNegative = at_ != end_ && *at_ == '-';
-    if (isNegative && (end_ - at_ < 2 || !isDigit(at_[1]))) {
-        return token;
-    }
-    at_ += isNegative ? 1 : 0;
+    token_.hash = hash;
+    set(RtfTokenKind::Word, {at_, static_cast<std::size_t>(at - at_)});
+    const bool isNegative = end_ - at >= 2 && *at == '-' && isDigit(at[1]);
+    at += isNegative ? 1 : 0;
+    const char* const digits = at;
     constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
     std::int64_t number = 0;
-    for (; at_ != end_ && isDigit(*at_); ++at_) {
-        token.hasParameter = true;
-        number = std::min(number * 10 + (*at_ - '0'), kMost);
+    for (; at != end_ && isDigit(*at); ++at) {
+        number = number * 10 + (*at - '0');
+        if (number > kMost) {
+            number = kMost;
+        }
     }
-    token.parameter = static_cast<std::int32_t>(isNegative ? -number : number);
+    token_.hasParameter = at != digits;
+    token_.parameter = static_cast<std::int32_t>(isNegative ? -number : number);
     // One blank ends the word and is no text.
-    at_ += at_ != end_ && *at_ == ' ' ? 1 : 0;
-    return token;
+    at_ = at + (at != end_ && *at == ' ' ? 1 : 0);
 }
 
-RtfToken RtfTokenizer::byte() {
-    ++at_;
-    int value = 0;
-    for (int digits = 0; digits < 2; ++digits) {
-        const int digit = at_ != end_ ? hexValue(*at_) : -1;
-        if (digit < 0) {
-            // Half a byte is nothing, like a symbol that nobody knows.
-            return {.kind = RtfTokenKind::Symbol, .text = "'"};
-        }
-        value = value * 16 + digit;
-        ++at_;
+void RtfTokenizer::readEscaped() {
+    std::size_t count = 0;
+    unsigned bits = 0;
+    int byte = escapedByte(at_, end_);
+    while ((byte >= 0x20 || byte == '\t') && count < kMostEscaped) {
+        bits |= static_cast<unsigned>(byte);
+        escaped_[count++] = static_cast<char>(byte);
+        at_ += 4;
+        byte = escapedByte(at_, end_);
     }
-    return {.kind = RtfTokenKind::Byte, .parameter = value, .text = {}};
+    if (count != 0) {
+        token_.isAscii = bits < 0x80;
+        set(RtfTokenKind::Text, {escaped_.data(), count});
+        return;
+    }
+    // A control character, or half a byte, which is left out like a symbol that nobody knows.
+    escaped_[0] = static_cast<char>(byte >= 0 ? byte : '\'');
+    set(RtfTokenKind::Symbol, {escaped_.data(), 1});
+    at_ += byte >= 0 ? 4 : 2;
+    at_ += byte < 0 && at_ != end_ && hexValue(*at_) >= 0 ? 1 : 0;
 }
 
 void RtfTokenizer::skipToGroupEnd() {
@@ -149,9 +185,9 @@ void RtfTokenizer::skipToGroupEnd() {
                 }
                 // Raw bytes may hold braces.
                 if (*at_ == 'b') {
-                    const RtfToken binary = word();
-                    skipBytes(binary.text == "bin" && binary.parameter > 0
-                                  ? static_cast<std::size_t>(binary.parameter)
+                    readWord();
+                    skipBytes(token_.text == "bin" && token_.parameter > 0
+                                  ? static_cast<std::size_t>(token_.parameter)
                                   : 0);
                     continue;
                 }

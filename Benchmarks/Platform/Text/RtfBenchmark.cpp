@@ -23,28 +23,31 @@ constexpr std::size_t kSize = 5'000'000;
 
 struct RtfShape {
     const char* name;
+    /// How much more than to strip it may be to read it; 0 for information. The loop converts
+    /// nothing and knows no looks, so that it is no measure where there is little else.
+    double times;
     /// What the document consists of, again and again.
     std::string_view piece;
 };
 constexpr RtfShape kShapes[] = {
-    {"prose",
+    {"prose", 2.5,
      "The keeper of the lighthouse climbed the stairs every evening and lit the lamp that showed "
      "the ships their way home. Nobody had ever asked him how many steps there were, and he had "
      "never counted them.\\par\n"},
-    {"a word processor's",
+    {"a word processor's", 3.5,
      "{\\rtlch\\fcs1 \\af0\\afs24 \\ltrch\\fcs0 \\f1\\fs24\\lang1033\\langfe1024\\insrsid744138 "
      "The keeper of the lighthouse }{\\rtlch\\fcs1 \\ab\\af0 \\ltrch\\fcs0 \\b\\f1\\insrsid744138 "
      "climbed the stairs}{\\rtlch\\fcs1 \\af0 \\ltrch\\fcs0 \\insrsid7875023\\charrsid744138  "
      "every "
      "evening and lit the lamp.\\par }\\pard\\plain \\ltrpar\\ql \\li0\\ri0\\widctlpar\n"},
-    {"an editor's",
+    {"an editor's", 0,
      "\\f0\\fs24 \\cf0 The keeper of the lighthouse \\f1\\b climbed\\f0\\b0  the stairs every "
      "evening \\i and\\i0  lit the lamp.\\\n"},
-    {"escaped bytes",
+    {"escaped bytes", 2.5,
      "\\'d1\\'ec\\'ee\\'f2\\'f0\\'e8\\'f2\\'e5\\'eb\\'fc \\'ec\\'e0\\'ff\\'ea\\'e0 "},
-    {"two escaped bytes a character",
+    {"two escaped bytes a character", 0,
      "\\f2 \\'93\\'fa\\'96\\'7b\\'8c\\'ea\\'82\\'cc\\'95\\'b6\\'8f\\'cd\\f0  and \n"},
-    {"Unicode",
+    {"Unicode", 0,
      "\\u1057?\\u1084?\\u1086?\\u1090?\\u1088?\\u1080?\\u1090?\\u1077?\\u1083?\\u1100? "},
 };
 
@@ -119,7 +122,8 @@ std::string addFloor(const RtfShape& shape) {
 void addRtfBenchmarks(Report& report) {
     report.begin("RTF of 5 MB, beside a loop that strips it");
     for (const RtfShape& shape : kShapes) {
-        report.compare({shape.name, addReader(shape, kSize), addFloor(shape), Target::atMost(2.5)});
+        const Target target = shape.times > 0 ? Target::atMost(shape.times) : Target::none();
+        report.compare({shape.name, addReader(shape, kSize), addFloor(shape), target});
     }
     report.begin("RTF, twice the document");
     for (const RtfShape& shape : kShapes) {

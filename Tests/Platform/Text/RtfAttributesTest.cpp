@@ -239,6 +239,20 @@ TEST(RtfAttributes, OfTooManyLooksAreLeftOut) {
     EXPECT_NE(text.attributesAtIndex(1), text.attributesAtIndex(0));
 }
 
+TEST(RtfAttributes, OfTooManyRunsAreLeftOut) {
+    constexpr std::size_t kPairs = 10'000;
+    std::string body;
+    for (std::size_t i = 0; i < kPairs; ++i) {
+        body += "{\\b a}b";
+    }
+    const AttributedString text = readBody(body + "{\\pict 0}");
+    EXPECT_EQ(text.length(), 2 * kPairs + 1);
+    EXPECT_LT(text.runs().size(), 2 * kPairs);
+    EXPECT_GT(text.runs().size(), body.size() / 6);
+    EXPECT_NE(text.runs().front().attributes, nullptr);
+    EXPECT_EQ(text.runs().back().attributes, nullptr);
+}
+
 TEST(RtfAttributes, AreReadAsTheyAreWritten) {
     const AttributedString text =
         readBody(R"(\pard\qc\li720\fi-360\sb100\sl280\tx500\b\cf1 a\plain\f1\fs31\i\ul b\par)"
