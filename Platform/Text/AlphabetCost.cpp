@@ -20,7 +20,8 @@ constexpr float kOtherLine = 4;   // behind another kind
 constexpr float kSameLine = 1;
 constexpr float kMixedScripts = 10;
 constexpr float kOtherScriptThanBefore = 3;  // of a word
-constexpr float kLoneLetter = 1.5F;          // a word of one letter
+constexpr float kLoneLetter = 4;             // a letter that is no word, alone
+constexpr float kLetterThatIsWord = -2;      // one that is: they are frequent
 constexpr float kSmallToCapital = 6;         // a capital behind a small letter
 constexpr float kCapitalsToSmall = 3;        // a small letter behind two capitals
 constexpr float kWordInCapital = 1.5F;       // a capital at the start of a word
@@ -69,6 +70,12 @@ Case caseOf(char16_t unit, Script script) {
                                                                                 : Case::Small;
 }
 
+/// The small letter for one of the Latin, the Cyrillic or the Greek script.
+char16_t smallLetterOf(char16_t unit) {
+    const bool isGreek = unit >= 0x0391 && unit <= 0x03A9;
+    return isGreek ? static_cast<char16_t>(unit + 0x20) : smallLetter(unit);
+}
+
 float costOfLetter(char16_t unit, Script script) {
     const auto* const letters =
         std::find_if(std::begin(kLetters), std::end(kLetters),
@@ -76,11 +83,7 @@ float costOfLetter(char16_t unit, Script script) {
     if (letters == std::end(kLetters)) {
         return kLetterOfOtherScript;
     }
-    char16_t small = smallLetter(unit);
-    if (script == Script::Greek && unit >= 0x0391 && unit <= 0x03A9) {
-        small = static_cast<char16_t>(unit + 0x20);
-    }
-    const bool isCommon = letters->common.find(small) != std::u16string_view::npos;
+    const bool isCommon = letters->common.find(smallLetterOf(unit)) != std::u16string_view::npos;
     return isCommon ? letters->commonCost : letters->otherCost;
 }
 
@@ -101,6 +104,12 @@ bool isScriptMark(char16_t unit) {
 
 bool isArabicMark(char16_t unit) {
     return unit >= 0x064B && unit <= 0x065F;
+}
+
+/// Whether a letter alone is a word in some language that has the encodings of bytes.
+bool isWordOfOneLetter(char16_t unit) {
+    constexpr std::u16string_view kWords = u"àèéáíóåöøавикосуюяєіїοη";
+    return kWords.find(smallLetterOf(unit)) != std::u16string_view::npos;
 }
 
 /// A form of a letter that only the end of a word has.
@@ -129,6 +138,7 @@ private:
     Case case_ = Case::None;            ///< the same
     int capitals_ = 0;                  ///< in a row, before this place
     int letters_ = 0;                   ///< of the word so far
+    bool wasLone_ = false;              ///< whether the word before was one letter beyond ASCII
 };
 
 void CostCounter::add(char16_t unit, char16_t next) {
@@ -215,7 +225,12 @@ void CostCounter::addSign(char16_t unit, char16_t next) {
 
 void CostCounter::endWord() {
     cost_ += isThaiForevowel(last_) ? kOutOfPlace : 0;
-    cost_ += letters_ == 1 && last_ >= 0x80 ? kLoneLetter : 0;
+    const bool isLone = letters_ == 1 && last_ >= 0x80;
+    if (isLone) {
+        // Two in a row are a list of letters.
+        cost_ += isWordOfOneLetter(last_) && !wasLone_ ? kLetterThatIsWord : kLoneLetter;
+    }
+    wasLone_ = letters_ > 0 ? isLone : wasLone_;
     script_ = Script::None;
     case_ = Case::None;
     capitals_ = 0;

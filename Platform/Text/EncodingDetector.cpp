@@ -120,7 +120,7 @@ float evidenceIn(std::u16string_view text, Script script) {
     return scores.highest();
 }
 
-/// Whether a word is of several letters, all of one script, with common signs at its ends at most.
+/// Whether a word is of several letters, all of one script, with common signs beside them at most.
 bool isSoundWord(std::u16string_view word) {
     Script its = Script::None;
     std::size_t letters = 0;
@@ -128,7 +128,7 @@ bool isSoundWord(std::u16string_view word) {
     const bool isSound = std::all_of(word.begin(), word.end(), [&](char16_t unit) {
         const Script script = scriptOf(unit);
         if (script == Script::None) {
-            isBehindSign |= unit >= 0x80 && !isSignOfWords(unit) && letters > 0;
+            isBehindSign = unit >= 0x80 && !isSignOfWords(unit) && letters > 0;
             return unit < 0x80 || isCommonSign(unit) || isSignOfWords(unit);
         }
         its = letters == 0 ? script : its;
