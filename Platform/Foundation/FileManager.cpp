@@ -6,10 +6,8 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <string_view>
-#include <system_error>
+#include <utility>
 
 #include "Platform/Foundation/ErrnoError.h"
 #include "Platform/Foundation/Failure.h"
@@ -20,7 +18,9 @@ namespace platform {
 namespace {
 
 // Literal and without a destructor to run, so it needs no exit hook.
-constexpr FileManager kDefaultManager;
+constexpr FileManager kDiskManager;
+
+thread_local const FileManager* threadsManager = nullptr;
 
 // What the reference date, 2001-01-01, is in the system's seconds.
 constexpr std::int64_t kReferenceDate = 978'307'200;
@@ -68,7 +68,15 @@ bool makeDirectories(const std::string& path, Permissions permissions) {
 }  // namespace
 
 const FileManager& FileManager::defaultManager() {
-    return kDefaultManager;
+    return threadsManager != nullptr ? *threadsManager : kDiskManager;
+}
+
+FileManagerScope::FileManagerScope(const FileManager& manager)
+    : outer_(std::exchange(threadsManager, &manager)) {
+}
+
+FileManagerScope::~FileManagerScope() {
+    threadsManager = outer_;
 }
 
 std::optional<FileAttributes> FileManager::attributesOfItemAtPath(const std::string& path) const {
@@ -119,23 +127,6 @@ bool FileManager::createDirectoryAtPath(const std::string& path,
         return makeDirectories(path, permissions);
     }
     return ::mkdir(path.c_str(), permissions) == 0 || refuse(errno, FileAccess::Writing, path);
-}
-
-bool FileManager::removeItemAtPath(const std::string& path) const {
-    if (holdsNul(path)) {
-        return refuse(EINVAL, FileAccess::Writing, path);
-    }
-    // With a separator behind it, a link would stand for the folder it leads to.
-    const std::size_t last = path.find_last_not_of('/');
-    if (last == std::string::npos) {
-        return refuse(path.empty() ? ENOENT : EBUSY, FileAccess::Writing, path);
-    }
-    std::error_code failure;
-    const auto removed = std::filesystem::remove_all(path.substr(0, last + 1), failure);
-    if (failure) {
-        return refuse(failure.value(), FileAccess::Writing, path);
-    }
-    return removed > 0 || refuse(ENOENT, FileAccess::Writing, path);
 }
 
 bool FileManager::removeFileAtPath(const std::string& path) const noexcept {

@@ -74,6 +74,11 @@ std::vector<std::string> pathComponents(std::string_view path) {
     return components;
 }
 
+bool isPathComponent(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
+}
+
 std::string lastPathComponent(std::string_view path) {
     return std::string(lastComponent(path));
 }

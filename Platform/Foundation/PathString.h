@@ -18,6 +18,9 @@ namespace platform {
 /// Selector: pathComponents
 [[nodiscard]] std::vector<std::string> pathComponents(std::string_view path);
 
+/// Whether an item in a folder can be called `name`: it names neither a folder nor a way out.
+[[nodiscard]] bool isPathComponent(std::string_view name);
+
 /// Returns the last component of `path`, whether or not separators follow it; "/" for the root.
 ///
 /// Selector: lastPathComponent

@@ -193,9 +193,4 @@ void Document::registerUndoOfText() {
         });
 }
 
-std::optional<std::uint32_t> Document::compressLevelForFileWrapper(
-    const std::shared_ptr<FileWrapper>&, const ZipWrapper&) {
-    return 1;
-}
-
 }  // namespace parlavox

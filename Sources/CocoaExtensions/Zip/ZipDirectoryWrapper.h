@@ -6,6 +6,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "Platform/Foundation/FileWrapper.h"
 
@@ -22,6 +23,15 @@ public:
     }
 
     explicit ZipDirectoryWrapper(Creation key) : FileWrapper(key) {}
+
+    /// Makes the folder at `path` and lets each child write itself there under its key, so that
+    /// spooled files and archives inside save themselves as they must; the first that fails ends
+    /// it, as does a key that is no file name. Should this have become a file, it is written as
+    /// one; a link is not written.
+    ///
+    /// Selector: writeToFile:atomically:updateFilenames:
+    bool writeToFile(const std::string& path, platform::Atomically atomically,
+                     platform::UpdateFilenames updateFilenames) override;
 };
 
 }  // namespace parlavox

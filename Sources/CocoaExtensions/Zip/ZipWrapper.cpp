@@ -81,6 +81,13 @@ std::shared_ptr<ZipWrapper> ZipWrapper::make() {
     return std::make_shared<ZipWrapper>(Creation());
 }
 
+std::shared_ptr<ZipWrapper> ZipWrapper::initDirectoryWithFileWrappers(
+    std::vector<platform::FileWrapperEntry> children) {
+    auto wrapper = make();
+    wrapper->initDirectory(std::move(children));
+    return wrapper;
+}
+
 std::shared_ptr<ZipWrapper> ZipWrapper::initWithPath(const std::optional<std::string>& path,
                                                      Delegate withDelegate) {
     platform::clearFailure();
@@ -285,8 +292,7 @@ bool ZipWrapper::updateFromPath(const std::string&) {
     return false;
 }
 
-bool ZipWrapper::fileManagerShouldProceedAfterError(const FileManager&,
-                                                    const platform::Error&) const {
+bool ZipWrapper::fileManagerShouldProceedAfterError(const FileManager&, const platform::Error&) {
     return false;
 }
 

@@ -1,10 +1,20 @@
 // A folder of files that is one zip archive on disk.
 //
+// Reading.
+//
 // Opening reads the whole archive into memory (4 GiB - 1 at most), walks its central directory and
 // builds a tree of file wrappers; where the central directory cannot be used, the local headers are
 // scanned from the start. Entries up to 10 MiB are inflated into memory, larger ones into temporary
 // files that vanish with their wrappers. Nothing is verified that the format does not need for
 // that: no checksum, no local signature.
+//
+// Writing. The tree is walked in the order of its children; each entry is a local header, its name
+// and its data, stored or deflated as the delegate says; the central directory and the end record
+// follow. All entries are version 10 and bear no date, and an empty file gets no central record, by
+// intention. Contents in files are copied piece by piece, unless they are to be deflated. What the
+// format can't hold fails the write: names longer than 65,535 bytes, archives beyond 4 GiB - 1; so
+// do folders nested more than 1,000 deep, and files that change or can't be read while they are
+// written. The number of entries is kept in 16 bits, as the format has it.
 //
 // Sizes and offsets are bytes; names are UTF-8. Failures are quiet (null, false, absent), violated
 // preconditions go to the assertion handler, and a place that lies outside of the archive raises
@@ -19,32 +29,38 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Platform/Foundation/Data.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/InputStream.h"
 #include "Platform/Foundation/OutputStream.h"
 #include "Platform/Foundation/Range.h"
+#include "Platform/Foundation/URL.h"
 #include "Sources/CocoaExtensions/Zip/ZipFileInfo.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapperDelegate.h"
-
-namespace platform {
-class FileManager;
-struct Error;
-}  // namespace platform
 
 namespace parlavox {
 
 class RawInflater;
+class ZipFileHeader;
 struct SLocalFileHeader;
 
-/// A directory wrapper that is read from one zip archive.
-class ZipWrapper : public platform::FileWrapper {
+/// A directory wrapper that is read from, and saves itself as, one zip archive.
+class ZipWrapper : public platform::FileWrapper, public platform::FileManagerDelegate {
 public:
     using Delegate = std::shared_ptr<ZipWrapperDelegate>;
 
     /// Entries whose declared size is larger than this go to temporary files.
     static constexpr std::uint32_t kLargestEntryInMemory = 10 * 1024 * 1024;
+
+    /// Returns an archive to be of `children` under exactly the given keys, without a delegate, so
+    /// that all is stored. Raises as the inherited operation does.
+    ///
+    /// Selector: initDirectoryWithFileWrappers:
+    [[nodiscard]] static std::shared_ptr<ZipWrapper> initDirectoryWithFileWrappers(
+        std::vector<platform::FileWrapperEntry> children);
 
     /// Returns the archive at `path`. Null when it cannot be opened or is larger than 4 GiB - 1. A
     /// file that is no archive gives an empty folder.
@@ -118,7 +134,83 @@ public:
     ///
     /// Selector: fileManager:shouldProceedAfterError:
     [[nodiscard]] bool fileManagerShouldProceedAfterError(const platform::FileManager& fileManager,
-                                                          const platform::Error& error) const;
+                                                          const platform::Error& error) override;
+
+    /// Writes the archive to the file at `url` and returns whether it is there whole.
+    ///
+    /// Atomically, it is first written to the temporary directory, where a failure may leave it;
+    /// then what stood at `url` is removed and the archive copied there, with this wrapper as the
+    /// delegate of the shared file manager, which it stays. Otherwise it is written in its place,
+    /// where a failure leaves a part of it. `updateFilenames` is not used, and no error is made
+    /// here.
+    ///
+    /// Requires: a URL ("url != nil").
+    ///
+    /// Selector: FLWriteToURL:atomically:updateFilenames:error:
+    bool FLWriteToURL(const std::optional<platform::URL>& url, platform::Atomically atomically,
+                      platform::UpdateFilenames updateFilenames, platform::ErrorLocation error);
+
+    /// Selector: writeToFile:atomically:updateFilenames:
+    bool writeToFile(const std::string& path, platform::Atomically atomically,
+                     platform::UpdateFilenames updateFilenames) override;
+
+    /// Writes the entries of `fileWrappers`, the children of `parentFileWrapper`, whose own entry
+    /// is named `parentPath` (nothing at the top), and all below them. `byteWritten` grows by all
+    /// that was written and is the place of what comes next. Returns whether all was written; the
+    /// first failure ends it.
+    ///
+    /// Requires: all pointers but `error` ("fileWrappers != nil", "outStream != nil",
+    /// "parentFileWrapper != nil"); an open stream.
+    ///
+    /// Selector: writeFileWrappers:parentFileWrapper:parentPath:outStream:byteWritten:error:
+    bool writeFileWrappers(const platform::FileWrapperChildren* fileWrappers,
+                           const FileWrapper* parentFileWrapper,
+                           const std::optional<std::string>& parentPath,
+                           const std::shared_ptr<platform::OutputStream>& outStream,
+                           std::uint32_t& byteWritten, platform::ErrorLocation error);
+
+    /// Does the same from a count of 0 and returns the count, whatever came of it.
+    ///
+    /// Selector: writeFileWrappers:parentFileWrapper:parentPath:outStream:
+    std::uint32_t writeFileWrappers(const platform::FileWrapperChildren* fileWrappers,
+                                    const FileWrapper* parentFileWrapper,
+                                    const std::optional<std::string>& parentPath,
+                                    const std::shared_ptr<platform::OutputStream>& outStream);
+
+    /// Writes the entry of one child and, for a folder, all below it; otherwise as
+    /// writeFileWrappers ("wrapper != nil", "outStream != nil", "parentFileWrapper != nil").
+    ///
+    /// Selector: writeFileWrapper:parentFileWrapper:parentPath:outStream:byteWritten:error:
+    bool writeFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
+                          const FileWrapper* parentFileWrapper,
+                          const std::optional<std::string>& parentPath,
+                          const std::shared_ptr<platform::OutputStream>& outStream,
+                          std::uint32_t& byteWritten, platform::ErrorLocation error);
+
+    /// Selector: writeFileWrapper:parentFileWrapper:parentPath:outStream:
+    std::uint32_t writeFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
+                                   const FileWrapper* parentFileWrapper,
+                                   const std::optional<std::string>& parentPath,
+                                   const std::shared_ptr<platform::OutputStream>& outStream);
+
+    /// Copies an open stream to its end into another, 4,096 bytes at a time, and returns whether
+    /// all of it went. Neither is opened or closed.
+    ///
+    /// Requires: both ("inputStream != nil", "outputStream != nil").
+    ///
+    /// Selector: writeDataFromStream:toStream:
+    [[nodiscard]] static bool writeDataFromStream(
+        const std::shared_ptr<platform::InputStream>& inputStream,
+        const std::shared_ptr<platform::OutputStream>& toStream);
+
+    /// Copies the file at `filePath` whole into an open stream and returns whether that was done.
+    ///
+    /// Requires: both ("filePath != nil", "outputStream != nil").
+    ///
+    /// Selector: writeDataFromFile:toStream:
+    [[nodiscard]] static bool writeDataFromFile(
+        const std::optional<std::string>& filePath,
+        const std::shared_ptr<platform::OutputStream>& toStream);
 
     /// Returns a new random identifier: 36 characters, upper-case hexadecimal in groups of
     /// 8-4-4-4-12. Any thread.
@@ -250,6 +342,32 @@ private:
     /// them.
     [[nodiscard]] platform::Data archiveBytes(platform::Range range) const;
 
+    // Writing an archive, step by step.
+    [[nodiscard]] bool writeArchive(const std::string& path, platform::ErrorLocation error);
+    void writeDirectory(platform::OutputStream& stream, std::uint32_t directoryOffset) const;
+    [[nodiscard]] bool replace(const std::string& written, const std::string& destination);
+
+    /// What an entry is to hold, and its records as far as they are known.
+    struct OutgoingEntry;
+
+    [[nodiscard]] bool writeEntryNamed(const std::string& name,
+                                       const std::shared_ptr<FileWrapper>& wrapper,
+                                       const std::shared_ptr<platform::OutputStream>& outStream,
+                                       std::uint32_t& byteWritten);
+
+    /// Finds out what the entry of a file holds; false when its contents can't be had.
+    [[nodiscard]] bool takeContents(OutgoingEntry& entry,
+                                    const std::shared_ptr<FileWrapper>& wrapper) const;
+    [[nodiscard]] static bool takeFile(OutgoingEntry& entry, const std::string& path);
+    [[nodiscard]] bool compress(OutgoingEntry& entry,
+                                const std::shared_ptr<FileWrapper>& wrapper) const;
+    [[nodiscard]] bool writeOutgoingEntry(OutgoingEntry& entry,
+                                          const std::shared_ptr<platform::OutputStream>& stream,
+                                          std::uint32_t& byteWritten);
+    [[nodiscard]] bool addCentralRecord(const OutgoingEntry& entry, const platform::Data& name);
+    [[nodiscard]] static bool writeContents(const OutgoingEntry& entry,
+                                            const std::shared_ptr<platform::OutputStream>& stream);
+
     std::optional<platform::Data> inputData_;
     /// Serves all entries, as making one costs as much as inflating a short entry; there while the
     /// archive's bytes are.
@@ -257,6 +375,10 @@ private:
     std::uint32_t stackSize_ = 0;
     std::uint64_t copiedBytes_ = 0;
     Delegate delegate_;
+    /// While an archive is written: its central records so far.
+    std::optional<std::vector<std::shared_ptr<const ZipFileHeader>>> fileHeaders_;
+    /// How many folders the walk is in.
+    unsigned walkDepth_ = 0;
 };
 
 }  // namespace parlavox

@@ -14,7 +14,8 @@ class RecordingHandler final : public platform::AssertionHandler {
 public:
     void handleFailure(const platform::AssertionFailure& failure) override {
         const std::string& reason = failure.reason();
-        reported.push_back(reason.substr(reason.rfind(": ") + 2) + " @" +
+        const std::size_t colon = reason.rfind(": ");
+        reported.push_back(reason.substr(colon == std::string::npos ? 0 : colon + 2) + " @" +
                            std::to_string(failure.line()));
     }
 
