@@ -10,13 +10,13 @@ namespace platform {
 namespace {
 
 /// The numbers of letters by their five bits: kFiller for none, kInvalid for what is no letter.
-using Letters = std::array<std::int8_t, 32>;
-constexpr std::int8_t kFiller = -1;
-constexpr std::int8_t kInvalid = -2;
+using Letters = std::array<int, 32>;
+constexpr int kFiller = -1;
+constexpr int kInvalid = -2;
 
 /// Makes the numbers that follow each other from `first` on, except at the places in `gaps`.
 constexpr Letters lettersFrom(std::size_t filler, std::size_t first, std::size_t last,
-                              std::uint32_t gaps, std::int8_t number) {
+                              std::uint32_t gaps, int number) {
     Letters letters{};
     letters.fill(kInvalid);
     letters[filler] = kFiller;
