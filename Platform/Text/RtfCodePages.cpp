@@ -4,23 +4,27 @@
 #include <iterator>
 #include <utility>
 
+#include "Platform/Text/Johab.h"
+
 namespace platform {
 namespace {
 
 /// A code page whose characters have one byte or several, by its number and the library's name.
 struct MultiByteCodePage {
-    int number;
     const char* name;
+    int number;
     /// Whether a character may have more than two bytes.
     bool isLong = false;
 };
 
+constexpr int kJohab = 1361;
+
 constexpr MultiByteCodePage kMultiByteCodePages[] = {
-    {932, "windows-932"},    {936, "windows-936"},   {949, "windows-949"},
-    {950, "windows-950"},    {951, "Big5-HKSCS"},    {10001, "windows-932"},
-    {10002, "windows-950"},  {10003, "windows-949"}, {10008, "windows-936"},
-    {51932, "euc-jp", true}, {51949, "windows-949"}, {54936, "gb18030", true},
-    {65001, "UTF-8", true},
+    {"windows-932", 932},     {"windows-936", 936},    {"windows-949", 949},
+    {"windows-950", 950},     {"Big5-HKSCS", 951},     {"windows-949", kJohab},
+    {"windows-932", 10001},   {"windows-950", 10002},  {"windows-949", 10003},
+    {"windows-936", 10008},   {"euc-jp", 51932, true}, {"windows-949", 51949},
+    {"gb18030", 54936, true}, {"UTF-8", 65001, true},
 };
 
 const MultiByteCodePage* multiByteCodePage(int number) {
@@ -44,23 +48,23 @@ struct CharsetCodePage {
 
 // Those from 77 to 89 are of the Macintosh.
 constexpr CharsetCodePage kCharsets[] = {
-    {0, 1252},    {2, kRtfPicturesCodePage},
-    {77, 10000},  {78, 10001},
-    {79, 10003},  {80, 10008},
-    {81, 10002},  {83, 10005},
-    {84, 10004},  {85, 10006},
-    {86, 10081},  {87, 10021},
-    {88, 10029},  {89, 10007},
-    {128, 932},   {129, 949},
-    {134, 936},   {136, 950},
-    {161, 1253},  {162, 1254},
-    {163, 1258},  {177, 1255},
-    {178, 1256},  {179, 1256},
-    {180, 1256},  {181, 1255},
-    {186, 1257},  {204, 1251},
-    {222, 874},   {238, 1250},
-    {254, 437},   {255, 850},
-    {256, 10000},
+    {0, 1252},     {2, kRtfPicturesCodePage},
+    {77, 10000},   {78, 10001},
+    {79, 10003},   {80, 10008},
+    {81, 10002},   {83, 10005},
+    {84, 10004},   {85, 10006},
+    {86, 10081},   {87, 10021},
+    {88, 10029},   {89, 10007},
+    {128, 932},    {129, 949},
+    {130, kJohab}, {134, 936},
+    {136, 950},    {161, 1253},
+    {162, 1254},   {163, 1258},
+    {177, 1255},   {178, 1256},
+    {179, 1256},   {180, 1256},
+    {181, 1255},   {186, 1257},
+    {204, 1251},   {222, 874},
+    {238, 1250},   {254, 437},
+    {255, 850},    {256, 10000},
 };
 
 constexpr std::u16string_view kSymbols =
@@ -181,6 +185,13 @@ void RtfDecoder::wait(std::u16string& text, std::string_view bytes) {
 
 void RtfDecoder::convert(std::u16string& text, BytesFollow follow) {
     const Converter& used = converter();
+    if (used.codePage == kJohab) {
+        const std::size_t whole = pending_.size() - (isHalf_ && follow == BytesFollow::Yes ? 1 : 0);
+        appendJohab(text, std::string_view(pending_).substr(0, whole), *used.converter);
+        pending_.erase(0, whole);
+        isHalf_ = !pending_.empty();
+        return;
+    }
     used.converter->append(text, pending_, follow);
     pending_.clear();
     isOpen_ = follow == BytesFollow::Yes && (isHalf_ || used.isLong);

@@ -44,10 +44,10 @@ constexpr int hexValue(char byte) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-constexpr std::array<std::int8_t, 256> hexTable() {
-    std::array<std::int8_t, 256> values{};
+constexpr std::array<std::int16_t, 256> hexTable() {
+    std::array<std::int16_t, 256> values{};
     for (std::size_t byte = 0; byte < values.size(); ++byte) {
-        values[byte] = static_cast<std::int8_t>(hexValue(static_cast<char>(byte)));
+        values[byte] = static_cast<std::int16_t>(hexValue(static_cast<char>(byte)));
     }
     return values;
 }

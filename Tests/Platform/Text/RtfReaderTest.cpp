@@ -82,6 +82,33 @@ TEST(RtfReader, ReadsCharactersInTheFontsCodePage) {
     }
 }
 
+TEST(RtfReader, ReadsLongTextsOfTwoBytesACharacter) {
+    for (const char* const head : {"932", "1361 {\\fonttbl{\\f0\\fcharset128 A;}}\\f0"}) {
+        std::string rtf = "{\\rtf1\\ansicpg" + std::string(head) + " ";
+        std::u16string want;
+        for (int i = 0; i < 20'000; ++i) {
+            rtf += i % 3 == 0 ? "\\'93\\'fa" : i % 3 == 1 ? "\x93\xFA" : "{\\b\\'93}\xFA";
+            want += u'\u65E5';
+        }
+        EXPECT_EQ(textOf(rtf + "}"), want) << head;
+    }
+}
+
+TEST(RtfReader, ReadsJohab) {
+    constexpr Row kRows[] = {
+        {"the first and the last syllable", R"({\rtf1\ansicpg1361 \'88\'61\'d3\'bd})",
+         u"\uAC00\uD7A3"},
+        {"letters alone", R"({\rtf1\ansicpg1361 \'88\'41\'84\'61\'84\'44\'84\'41})",
+         u"\u3131\u314F\u3133\u3000"},
+        {"signs", R"({\rtf1\ansicpg1361 \'d9\'31\'d9\'91})", u"\u3000\u223D"},
+        {"Chinese characters", R"({\rtf1\ansicpg1361 \'e0\'31\'f9\'fe})", u"\u4F3D\u8A70"},
+        {"by charset", R"({\rtf1{\fonttbl{\f0\fcharset130 A;}}\f0 a\'88{\b\'61}b})", u"a\uAC00b"},
+        {"what is no character", R"({\rtf1\ansicpg1361 \'88\'40\'df\'31\'88\par})",
+         u"\uFFFD\uFFFD\uFFFD\n"},
+    };
+    expectTexts(kRows);
+}
+
 TEST(RtfReader, ReadsFontTables) {
     constexpr Row kRows[] = {
         {"without groups",

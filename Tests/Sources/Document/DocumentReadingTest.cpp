@@ -391,6 +391,14 @@ TEST_F(DocumentReading, PdfIsRefusedWhateverItsBytes) {
     }
 }
 
+TEST_F(DocumentReading, RtfIsReadWhateverItsType) {
+    for (const char* type : {"public.rtf", "public.plain-text"}) {
+        const Reading reading = read(Data::copyOf("{\\rtf1 caf\\'e9{\\pict 00}\\par}"), type);
+        EXPECT_TRUE(reading.wasRead) << type;
+        EXPECT_EQ(reading.text, u"caf\u00E9\n") << type;
+    }
+}
+
 TEST_F(DocumentReading, FormatsWithoutAReaderAreRefusedWhateverTheirType) {
     platform::clearFailure();
     EXPECT_FALSE(read(Data::copyOf("<html>words"), "public.html").wasRead);
