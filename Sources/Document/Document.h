@@ -82,6 +82,14 @@ public:
     [[nodiscard]] bool readFromURL(const platform::URL& url, const std::string& ofType,
                                    platform::ErrorLocation error) override;
 
+    /// Imports the text of an RTFD folder, which leaves the document not editing; all else is for
+    /// the base class. A folder that can't be imported leaves no error.
+    ///
+    /// Selector: readFromFileWrapper:ofType:error:
+    [[nodiscard]] bool readFromFileWrapper(const std::shared_ptr<platform::FileWrapper>& wrapper,
+                                           const std::string& ofType,
+                                           platform::ErrorLocation error) override;
+
     /// Imports text from bytes in whatever format they are. Never leaves an error.
     ///
     /// Selector: readFromData:ofType:error:
