@@ -28,6 +28,7 @@ bool writeAll(const std::filesystem::path& top) {
            write(top / "Platform/Foundation/corpus/file_wrapper_fuzz", fuzz::fileWrapperSeeds()) &&
            write(text / "keyed_archive_fuzz", fuzz::keyedArchiveSeeds()) &&
            write(text / "language_tagger_fuzz", fuzz::languageSeeds()) &&
+           write(text / "html_fuzz", fuzz::htmlSeeds()) &&
            write(text / "rtf_fuzz", fuzz::rtfSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
            write(text / "plain_text_fuzz", fuzz::textSeeds()) &&

@@ -35,6 +35,7 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> textSeeds();
 [[nodiscard]] std::vector<Seed> plainTextSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();
+[[nodiscard]] std::vector<Seed> htmlSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();

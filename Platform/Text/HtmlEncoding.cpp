@@ -188,9 +188,6 @@ const char* declaredHtmlEncoding(std::string_view page) {
         if (encoding != nullptr) {
             return encoding;
         }
-        if (!tag.isEnd && isDroppedHtmlElement(tag.name)) {
-            page.remove_prefix(lengthToHtmlEndTag(page, tag.name));
-        }
     }
 }
 

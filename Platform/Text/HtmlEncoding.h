@@ -15,8 +15,9 @@ namespace platform {
 /// declares none that pages may be in.
 ///
 /// It is looked for in the XML declaration and in the tags meta of the page's first 16 KB, outside
-/// comments and scripts. Labels mean what they mean to browsers: "iso-8859-1" and "ascii" are
-/// windows-1252, "gb2312" is gb18030, "utf-16" is UTF-8, since the tag could be read.
+/// comments; browsers look into scripts, too. Labels mean what they mean to browsers: "iso-8859-1"
+/// and "ascii" are windows-1252, "gb2312" is gb18030, "utf-16" is UTF-8, since the tag could be
+/// read.
 [[nodiscard]] const char* declaredHtmlEncoding(std::string_view page);
 
 /// Returns a page in UTF-8, which is sound and has no byte-order mark. Shares the bytes of one that

@@ -62,6 +62,7 @@ private:
     void beginList(State& state, const HtmlValues& values);
     void beginItem(const HtmlValues& values);
     void beginCell();
+    void endCell();
     void insertInput(const HtmlValues& values);
     void insertText(const char* text);
     void setLook(State& state, const HtmlValues& values);

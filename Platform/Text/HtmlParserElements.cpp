@@ -135,6 +135,14 @@ void HtmlParser::beginCell() {
     }
 }
 
+void HtmlParser::endCell() {
+    if (text_.isInTable()) {
+        text_.endCell();
+    } else {
+        text_.endParagraph(look());
+    }
+}
+
 void HtmlParser::insertInput(const HtmlValues& values) {
     constexpr std::string_view kSilent[] = {"hidden", "password", "checkbox", "radio",
                                             "file",   "color",    "range"};
@@ -179,7 +187,7 @@ void HtmlParser::end(const State& state) {
             text_.beginRow(look());
             break;
         case HtmlRole::Cell:
-            text_.endCell();
+            endCell();
             break;
         default:
             text_.endParagraph(look());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "Platform/Text/HtmlElements.h"
 #include "Platform/Text/HtmlReferences.h"
@@ -141,6 +142,7 @@ private:
     void writeStartTag() {
         stream_.write("<");
         writeName();
+        isParagraphOpen_ = isParagraphOpen_ || tag_.name == "p";
         for (const HtmlTag::Attribute& attribute : tag_.attributes) {
             stream_.write(" ");
             stream_.write(attribute.name);
@@ -161,10 +163,15 @@ private:
         if (tag_.name == "body" || tag_.name == "html" || isDroppedHtmlElement(tag_.name)) {
             return;
         }
-        const bool isBreak = tag_.name == "br";
-        stream_.write(isBreak ? "<" : "</");
-        writeName();
-        stream_.write(">");
+        if (tag_.name == "br") {
+            stream_.write("<br>");
+        } else if (tag_.name == "p" && !std::exchange(isParagraphOpen_, false)) {
+            stream_.write("<p></p>");
+        } else {
+            stream_.write("</");
+            writeName();
+            stream_.write(">");
+        }
     }
 
     /// The name, as far as the parser takes it for one.
@@ -223,6 +230,7 @@ private:
     const HtmlSyntax syntax_;
     HtmlTag tag_;
     std::string characters_;
+    bool isParagraphOpen_ = false;
 };
 
 }  // namespace

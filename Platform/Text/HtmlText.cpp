@@ -151,9 +151,7 @@ void HtmlText::beginCell() {
 void HtmlText::endCell() {
     hasBlank_ = false;
     hasLineEnd_ = false;
-    if (isInTable()) {
-        ++endedCells_;
-    }
+    ++endedCells_;
 }
 
 void HtmlText::endTable(std::uint32_t look) {

@@ -41,7 +41,7 @@ public:
     void dropMarker() { marker_.clear(); }
 
     /// Begins and ends tables, one in another, and what they consist of. Text of two cells has a
-    /// tab between it, and each row is a paragraph.
+    /// tab between it, and each row is a paragraph. Cells are for tables alone.
     void beginTable();
     void beginRow(std::uint32_t look);
     void beginCell();
