@@ -102,7 +102,7 @@ TEST(Pvdoc, SaysWhatKeepsATextFromBeingPacked) {
         {"no such attachment", folder.write("b.txt", "{{attach c.png}}"), folder.path("out"),
          folder.path("b.txt") + ": line 1: c.png: No such file or directory"},
         {"no place for the document", folder.write("c.txt", "x"), folder.path("no/such/out"),
-         folder.path("no/such/out") + ": cannot be written"},
+         folder.path("no/such/out") + ": No such file or directory"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.name);
