@@ -103,6 +103,16 @@ Result<ArchiveListing> listArchiveFile(const std::string& path) {
     return listParts(file.size, [&](Range range) { return readPart(file.descriptor, range); });
 }
 
+platform::Outcome refuseEmptyFiles(const ArchiveListing& listing) {
+    for (const ListedMember& member : listing.members) {
+        if (!member.isFolder() && member.size == 0) {
+            return Fault{FaultCode::Unsupported,
+                         member.name + ": an empty file, which archives of this form don't list"};
+        }
+    }
+    return platform::done();
+}
+
 std::string methodName(std::uint16_t method) {
     switch (method) {
         case 0:

@@ -42,6 +42,10 @@ platform::Result<ArchiveListing> listArchive(const platform::Data& archive);
 /// Does the same for the file at `path`, of which only the directory is read.
 platform::Result<ArchiveListing> listArchiveFile(const std::string& path);
 
+/// Returns a Fault, which names it, when an empty file is listed: readers of the form that is
+/// written here, which lists none, don't get past it.
+platform::Outcome refuseEmptyFiles(const ArchiveListing& listing);
+
 /// Returns the method's name, "method 12" for one that is not known here.
 [[nodiscard]] std::string methodName(std::uint16_t method);
 

@@ -58,6 +58,7 @@ Result<Package> Package::open(const std::string& path) {
     if (!package.listing_.damage.empty()) {
         return Fault{FaultCode::Malformed, package.listing_.damage};
     }
+    PV_TRY(refuseEmptyFiles(package.listing_));
     try {
         package.archive_ = ZipWrapper::initWithPath(path);
     } catch (const platform::Exception& exception) {
@@ -128,9 +129,6 @@ Outcome Package::check() const {
         const auto summary = summaryOf(*found->second);
         if (!summary || summary.value() != ContentsSummary{listed.size, listed.checksum}) {
             return refuse("is damaged: the contents are not what the directory says");
-        }
-        if (listed.size == 0) {
-            return refuse("an empty member, which the format would drop");
         }
     }
     return platform::done();

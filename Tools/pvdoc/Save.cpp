@@ -42,6 +42,7 @@ std::optional<bool> holdText(const platform::Data& contents) {
         return false;
     }
     const auto listing = listArchive(contents);
+    const bool isSound = listing && listing.value().damage.empty();
     if (listing && lists(listing.value(), parlavox::kTextMember)) {
         return true;
     }
@@ -53,7 +54,7 @@ std::optional<bool> holdText(const platform::Data& contents) {
     } catch (const platform::Exception&) {
         return contents.view().starts_with(kRecordMark) ? std::nullopt : std::optional(false);
     }
-    return listing || !contents.view().starts_with(kRecordMark) ? std::optional(false)
+    return isSound || !contents.view().starts_with(kRecordMark) ? std::optional(false)
                                                                 : std::nullopt;
 }
 

@@ -66,6 +66,7 @@ Result<Members> checkedMembers(const ArchiveListing& listing) {
                      "is no archive of this form: its directory does not "
                      "end where its end record begins"};
     }
+    PV_TRY(refuseEmptyFiles(listing));
     Members members;
     for (const ListedMember& member : listing.members) {
         const auto refuse = [&](FaultCode code, const std::string& why) {
