@@ -29,6 +29,7 @@ bool writeAll(const std::filesystem::path& top) {
            write(text / "keyed_archive_fuzz", fuzz::keyedArchiveSeeds()) &&
            write(text / "language_tagger_fuzz", fuzz::languageSeeds()) &&
            write(text / "rtf_fuzz", fuzz::rtfSeeds()) &&
+           write(text / "rtfd_fuzz", fuzz::rtfdSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
            write(text / "plain_text_fuzz", fuzz::textSeeds()) &&
            write(text / "plain_text_fuzz", fuzz::plainTextSeeds()) &&

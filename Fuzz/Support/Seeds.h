@@ -35,6 +35,9 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> textSeeds();
 [[nodiscard]] std::vector<Seed> plainTextSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();
+
+/// Folders with a text in one run of bytes.
+[[nodiscard]] std::vector<Seed> rtfdSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
