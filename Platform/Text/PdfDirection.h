@@ -13,8 +13,10 @@ namespace platform {
 
 /// Whether a character lies among the scripts that are read from the right.
 [[nodiscard]] constexpr bool isFromTheRight(char32_t character) noexcept {
-    return (character >= 0x590 && character <= 0x8FF) ||
-           (character >= 0xFB1D && character <= 0xFDFF) ||
+    if (character < 0x590) {
+        return false;
+    }
+    return character <= 0x8FF || (character >= 0xFB1D && character <= 0xFDFF) ||
            (character >= 0xFE70 && character <= 0xFEFE) ||
            (character >= 0x10800 && character <= 0x10FFF) ||
            (character >= 0x1E800 && character <= 0x1EFFF);

@@ -23,6 +23,10 @@ constexpr double kWideStart = 2;
 constexpr double kLongestThaiWord = 5;
 
 bool isIdeographic(char32_t character) {
+    constexpr char32_t kFirst = 0x2E80;
+    if (character < kFirst) {
+        return false;
+    }
     const Script script = scriptOf(character);
     return script == Script::Han || script == Script::Kana || script == Script::Bopomofo ||
            (character >= 0x3000 && character <= 0x303F) ||
@@ -42,10 +46,10 @@ public:
 
     PdfLineText text() {
         PdfLineText text;
+        text.characters.reserve(lengthWithBlanks());
         bool isStart = true;
         for (std::size_t i = 0; i < words_.size(); i++) {
             const PdfWord& word = source_.words[words_[i]];
-            const PdfGlyph& first = source_.page.glyphs[word.first];
             if (i > 0 && hasBlankBefore(i)) {
                 text.characters.push_back({U' ', text.characters.back().font});
                 isStart = false;
@@ -53,21 +57,36 @@ public:
             if (isStart) {
                 text.startWidth += widthOf(word.box);
             }
-            if (i == 0) {
-                widest_ = isIdeographic(first.character)         ? kWideStart * first.size
-                          : standsWithoutBlanks(first.character) ? kLongestThaiWord * first.size
-                                                                 : text.startWidth + HUGE_VAL;
-            }
-            for (std::uint32_t at = word.first; at < word.end; at++) {
-                const PdfGlyph& glyph = source_.page.glyphs[at];
+            for (const PdfGlyph& glyph : glyphsOf(word)) {
                 text.characters.push_back({glyph.character, glyph.font});
             }
         }
-        text.startWidth = std::min(text.startWidth, widest_);
+        text.startWidth = std::min(text.startWidth, widestStart());
         return text;
     }
 
 private:
+    [[nodiscard]] std::span<const PdfGlyph> glyphsOf(const PdfWord& word) const {
+        return std::span(source_.page.glyphs).subspan(word.first, word.end - word.first);
+    }
+
+    [[nodiscard]] std::size_t lengthWithBlanks() const {
+        std::size_t length = 0;
+        for (const std::uint32_t number : words_) {
+            length += glyphsOf(source_.words[number]).size() + 1;
+        }
+        return length;
+    }
+
+    /// How much must go together into the next line where the script has no blanks.
+    [[nodiscard]] double widestStart() const {
+        const PdfGlyph& first = glyphsOf(source_.words[words_.front()]).front();
+        if (isIdeographic(first.character)) {
+            return kWideStart * first.size;
+        }
+        return standsWithoutBlanks(first.character) ? kLongestThaiWord * first.size : HUGE_VAL;
+    }
+
     /// Whether a blank parts a word from the one before it. Within a piece the library has seen
     /// how wide the line's blanks are and knows better than a width for all.
     [[nodiscard]] bool hasBlankBefore(std::size_t index) const {
@@ -88,7 +107,6 @@ private:
 
     const PdfLineSource& source_;
     std::span<const std::uint32_t> words_;
-    double widest_ = 0;
 };
 
 /// A line with letters that are read from the right. The library has its words and marks in an
@@ -229,6 +247,10 @@ private:
 }  // namespace
 
 bool standsWithoutBlanks(char32_t character) noexcept {
+    constexpr char32_t kFirst = 0xE01;
+    if (character < kFirst) {
+        return false;
+    }
     switch (scriptOf(character)) {
         case Script::Thai:
         case Script::Lao:

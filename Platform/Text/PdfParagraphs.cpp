@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <optional>
 #include <string_view>
 
@@ -96,7 +97,7 @@ public:
         : lines_(lines),
           fonts_(fonts),
           beginsAtTheRight_(areFlushRight()),
-          leading_(usualLeading()) {
+          leadings_(usualLeadings()) {
         markBlocks();
     }
 
@@ -160,28 +161,36 @@ private:
         return beginsAtTheRight_ ? -line.line.box.left : line.line.box.right;
     }
 
-    [[nodiscard]] double usualLeading() const {
-        std::vector<double> found;
+    [[nodiscard]] std::uint32_t faceOf(const PdfTextLine& line) const {
+        return fonts_[line.text.characters.front().font].face;
+    }
+
+    /// What is usual for lines that begin with each face; faces of other scripts are set wider.
+    [[nodiscard]] std::map<std::uint32_t, double> usualLeadings() const {
+        std::map<std::uint32_t, std::vector<double>> found;
         for (std::size_t i = 1; i < lines_.size(); i++) {
             const double leading = leadingBetween(lines_[i - 1], lines_[i]);
             if (areOfOneSize(lines_[i - 1], lines_[i]) &&
                 leading > kLeastLeading * lines_[i].line.size) {
-                found.push_back(leading / lines_[i].line.size);
+                found[faceOf(lines_[i])].push_back(leading / lines_[i].line.size);
             }
         }
-        if (found.empty()) {
-            return 0;
+        std::map<std::uint32_t, double> usual;
+        for (auto& [face, leadings] : found) {
+            const auto place =
+                leadings.begin() + static_cast<std::ptrdiff_t>(leadings.size() / kNarrowShare);
+            std::nth_element(leadings.begin(), place, leadings.end());
+            usual[face] = *place;
         }
-        const auto usual = found.begin() + static_cast<std::ptrdiff_t>(found.size() / kNarrowShare);
-        std::nth_element(found.begin(), usual, found.end());
-        return *usual;
+        return usual;
     }
 
     [[nodiscard]] bool isNext(const PdfTextLine& above, const PdfTextLine& below) const {
         const double size = below.line.size;
         const double leading = leadingBetween(above, below);
         return areOfOneSize(above, below) && leading > kLeastLeading * size &&
-               leading <= kMostLeading * size && leading <= kLeadingRatio * leading_ * size;
+               leading <= kMostLeading * size &&
+               leading <= kLeadingRatio * leadings_.at(faceOf(below)) * size;
     }
 
     /// Numbers the stretches of lines that are set alike, and measures how far each reaches.
@@ -236,8 +245,8 @@ private:
     std::span<const PdfTextLine> lines_;
     std::span<const PdfFont> fonts_;
     const bool beginsAtTheRight_;
-    /// In sizes.
-    const double leading_;
+    /// In sizes, by face.
+    const std::map<std::uint32_t, double> leadings_;
     /// The block of each line, and where each block's longest line ends.
     std::vector<std::size_t> blocks_;
     std::vector<double> ends_;

@@ -76,6 +76,7 @@ AttributedString PdfTextWriter::finish() {
     if (!text_.empty()) {
         appendUnits(endsInBrokenWord_ ? u" " : u"\n", font_);
     }
+    endRun();
     return {std::make_shared<const std::u16string>(std::move(text_)), std::move(runs_)};
 }
 
@@ -88,7 +89,6 @@ void PdfTextWriter::write(const PdfLineText& line) {
         } else if (character != kSoftHyphen) {
             append(character, font);
         }
-        font_ = font;
     }
     const std::size_t count = line.characters.size();
     const char32_t last = line.characters[count - 1].character;
@@ -99,8 +99,8 @@ void PdfTextWriter::write(const PdfLineText& line) {
 
 void PdfTextWriter::append(char32_t character, std::uint32_t font) {
     if (character < 0x300) {
-        const auto unit = static_cast<char16_t>(character);
-        appendUnits({&unit, 1}, font);
+        useFont(font);
+        text_ += static_cast<char16_t>(character);
     } else if (isForm(character)) {
         appendPlainForm(character, font);
     } else if (!mayCompose(character) || !compose(character)) {
@@ -127,8 +127,21 @@ void PdfTextWriter::appendPlainForm(char32_t character, std::uint32_t font) {
 }
 
 void PdfTextWriter::appendUnits(std::u16string_view units, std::uint32_t font) {
+    useFont(font);
     text_ += units;
-    appendRun(runs_, units.size(), attributes_[font]);
+}
+
+void PdfTextWriter::useFont(std::uint32_t font) {
+    if (font != font_) {
+        endRun();
+        font_ = font;
+    }
+}
+
+/// Adds the run of what was written since the last one.
+void PdfTextWriter::endRun() {
+    appendRun(runs_, text_.size() - runStart_, attributes_[font_]);
+    runStart_ = text_.size();
 }
 
 bool PdfTextWriter::compose(char32_t mark) {

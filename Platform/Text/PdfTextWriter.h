@@ -33,6 +33,9 @@ private:
     void append(char32_t character, std::uint32_t font);
     void appendPlainForm(char32_t character, std::uint32_t font);
     void appendUnits(std::u16string_view units, std::uint32_t font);
+    /// What follows is in this font.
+    void useFont(std::uint32_t font);
+    void endRun();
     /// Joins a mark with the letter before it; whether they make one character.
     bool compose(char32_t mark);
 
@@ -40,11 +43,13 @@ private:
     std::vector<Attributes> attributes_;
     std::u16string text_;
     std::vector<AttributeRun> runs_;
+    /// Where the run begins that is being written, and its font.
+    std::size_t runStart_ = 0;
+    std::uint32_t font_ = 0;
     /// What the last line ended with.
     char32_t last_ = 0;
     char32_t beforeLast_ = 0;
     bool endsInBrokenWord_ = false;
-    std::uint32_t font_ = 0;
 };
 
 }  // namespace platform

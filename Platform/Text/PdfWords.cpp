@@ -35,6 +35,11 @@ double bounded(double coordinate) {
 
 /// The box with its corners in order; that of the character before it where it has none.
 PdfBox soundBox(const PdfBox& box, const PdfBox& before) {
+    // Nearly all are sound. No comparison holds for what is no number.
+    if (box.left <= box.right && box.top <= box.bottom && box.left >= -kEdge && box.top >= -kEdge &&
+        box.right <= kEdge && box.bottom <= kEdge) {
+        return box;
+    }
     if (std::isnan(box.left) || std::isnan(box.top) || std::isnan(box.right) ||
         std::isnan(box.bottom)) {
         return before;
@@ -156,6 +161,11 @@ private:
         for (std::uint32_t i = first + 1; i < end; i++) {
             const PdfBox& before = page_.glyphs[i - 1].box;
             const PdfBox& box = page_.glyphs[i].box;
+            if (box.top == before.top && box.bottom == before.bottom && box.left > before.left &&
+                box.right > before.right) {
+                steps[0]++;
+                continue;
+            }
             const double across = centreOf(box) - centreOf(before);
             const double down = middleOf(box) - middleOf(before);
             if (across != 0 || down != 0) {
@@ -198,7 +208,9 @@ private:
         const std::uint32_t end = word.end;
         for (std::uint32_t i = word.first; i < end; i++) {
             PdfGlyph& glyph = page_.glyphs[i];
-            glyph.box = turned(glyph.box, turn);
+            if (turn != Turn::FromTheLeft) {
+                glyph.box = turned(glyph.box, turn);
+            }
             if (i == word.first) {
                 word.box = glyph.box;
                 continue;
@@ -239,6 +251,9 @@ private:
 }  // namespace
 
 bool isPdfText(char32_t character) noexcept {
+    if (character > 0x20 && character < 0x7F) {
+        return true;
+    }
     const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
     const bool isDirection = character == 0x61C || character == 0x200E || character == 0x200F ||
                              (character >= 0x202A && character <= 0x202E) ||

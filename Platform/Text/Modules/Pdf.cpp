@@ -43,7 +43,6 @@ namespace {
 
 using platform::PdfBox;
 using platform::PdfFile;
-using platform::PdfFontRun;
 using platform::PdfFunctions;
 using platform::PdfLog;
 using platform::PdfPageContents;
@@ -163,6 +162,7 @@ PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file)
 /// Appends the code points of the library's UTF-8, in which surrogates may stand, too. What is cut
 /// off at the end is left out.
 void appendDecoded(std::string_view text, std::vector<char32_t>& codePoints) {
+    codePoints.reserve(text.size());
     std::size_t at = 0;
     while (at < text.size()) {
         const auto first = static_cast<unsigned char>(text[at]);
