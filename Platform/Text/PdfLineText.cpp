@@ -188,7 +188,7 @@ private:
                 if (i > 0 && letter.box.left - right > kBlank * letter.size) {
                     cells_.push_back({first, first, U' '});
                 }
-                right = i == 0 ? letter.box.right : std::max(right, letter.box.right);
+                right = i == 0 ? letter.box.right : std::max<double>(right, letter.box.right);
                 items_.push_back(letters_[i]);
             }
             for (; mark != places_.end() && mark->letter == i; ++mark) {
@@ -269,13 +269,7 @@ PdfLineText textOfLine(const PdfLine& line, const PdfLineSource& source) {
         const PdfFragment& fragment = source.fragments[number];
         for (std::uint32_t i = fragment.first; i < fragment.end; i++) {
             words.push_back(i);
-            const auto glyphs =
-                std::span(source.page.glyphs)
-                    .subspan(source.words[i].first, source.words[i].end - source.words[i].first);
-            isTurned =
-                isTurned || std::any_of(glyphs.begin(), glyphs.end(), [](const PdfGlyph& glyph) {
-                    return isFromTheRight(glyph.character);
-                });
+            isTurned = isTurned || source.words[i].isFromTheRight;
         }
     }
     std::stable_sort(words.begin(), words.end(), [&](std::uint32_t a, std::uint32_t b) {

@@ -6,18 +6,35 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
 
 namespace platform {
 
-/// Where a character stands. Files are free to say anything, so the numbers may be any.
+/// Where a character stands. Files are free to say anything; what lies far outside of any page
+/// counts as lying at its edge, and what is no number stays none.
 struct PdfBox {
-    double left = 0;
-    double top = 0;
-    double right = 0;
-    double bottom = 0;
+    static constexpr double kEdge = 1e6;
+
+    constexpr PdfBox() = default;
+    constexpr PdfBox(double toLeft, double toTop, double toRight, double toBottom)
+        : left(bounded(toLeft)),
+          top(bounded(toTop)),
+          right(bounded(toRight)),
+          bottom(bounded(toBottom)) {}
+
+    // Pages have many boxes, and none is so large that its characters need more digits.
+    float left = 0;
+    float top = 0;
+    float right = 0;
+    float bottom = 0;
+
+private:
+    static constexpr float bounded(double coordinate) {
+        return static_cast<float>(std::clamp(coordinate, -kEdge, kEdge));
+    }
 };
 
 /// The font of the characters up to `end`.

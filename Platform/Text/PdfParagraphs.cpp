@@ -114,6 +114,9 @@ public:
 
     /// Whether a font of one line is also one of another's, in whatever size.
     [[nodiscard]] bool shareFont(const PdfTextLine& first, const PdfTextLine& second) const {
+        if (faceOf(first) == faceOf(second)) {
+            return true;
+        }
         const auto faces = facesOf(first, fonts_);
         const auto others = facesOf(second, fonts_);
         return std::find_first_of(faces.begin(), faces.end(), others.begin(), others.end()) !=
@@ -139,8 +142,8 @@ private:
         double left = HUGE_VAL;
         double right = -HUGE_VAL;
         for (const PdfTextLine& line : lines_) {
-            left = std::min(left, line.line.box.left);
-            right = std::max(right, line.line.box.right);
+            left = std::min<double>(left, line.line.box.left);
+            right = std::max<double>(right, line.line.box.right);
         }
         std::size_t fromTheRight = 0;
         std::size_t flushRight = 0;

@@ -13,8 +13,6 @@
 namespace platform {
 namespace {
 
-/// No page is larger.
-constexpr double kEdge = 1e6;
 constexpr double kSmallestSize = 1e-3;
 constexpr double kLargestSize = 1e4;
 
@@ -25,28 +23,32 @@ constexpr double kWordGap = 0.5;
 enum class Turn : std::uint8_t { FromTheLeft, Down, UpsideDown, Up };
 
 bool isBlank(char32_t character) {
+    if (character > U' ' && character != 0xA0) {
+        return false;
+    }
     return character == U' ' || character == U'\n' || character == U'\t' || character == U'\r' ||
            character == U'\f' || character == U'\v' || character == 0xA0;
-}
-
-double bounded(double coordinate) {
-    return std::clamp(coordinate, -kEdge, kEdge);
 }
 
 /// The box with its corners in order; that of the character before it where it has none.
 PdfBox soundBox(const PdfBox& box, const PdfBox& before) {
     // Nearly all are sound. No comparison holds for what is no number.
-    if (box.left <= box.right && box.top <= box.bottom && box.left >= -kEdge && box.top >= -kEdge &&
-        box.right <= kEdge && box.bottom <= kEdge) {
+    if (box.left <= box.right && box.top <= box.bottom) {
         return box;
     }
     if (std::isnan(box.left) || std::isnan(box.top) || std::isnan(box.right) ||
         std::isnan(box.bottom)) {
         return before;
     }
-    const auto [left, right] = std::minmax({bounded(box.left), bounded(box.right)});
-    const auto [top, bottom] = std::minmax({bounded(box.top), bounded(box.bottom)});
+    const auto [left, right] = std::minmax({box.left, box.right});
+    const auto [top, bottom] = std::minmax({box.top, box.bottom});
     return {left, top, right, bottom};
+}
+
+/// Whether a word's last character stands on the right of the first, at the same height.
+bool standsInOneRow(const PdfBox& first, const PdfBox& last) {
+    return first.top == last.top && first.bottom == last.bottom && first.left < last.left &&
+           first.right < last.right;
 }
 
 double soundSize(double size, const PdfBox& box) {
@@ -74,6 +76,8 @@ public:
     explicit WordMaker(const PdfPageText& text) : text_(text) {
         page_.glyphs.reserve(text.characters.size());
         page_.fonts.emplace_back();
+        words_.reserve(static_cast<std::size_t>(
+            std::count_if(text.characters.begin(), text.characters.end(), isBlank) + 1));
     }
 
     PdfPageWords make() {
@@ -81,9 +85,11 @@ public:
             take(i);
         }
         endWord();
-        partLigatures(page_.glyphs);
+        if (fromTheRight_ > 0) {
+            partLigatures(page_.glyphs);
+            page_.readsFromTheRight = fromTheRight_ > countFromTheLeft();
+        }
         settleTurns();
-        page_.readsFromTheRight = fromTheRight_ > fromTheLeft_;
         return std::move(page_);
     }
 
@@ -120,7 +126,12 @@ private:
         glyph.size = soundSize(run_ < text_.fonts.size() ? text_.fonts[run_].size : 0, glyph.box);
         page_.glyphs.push_back(glyph);
         fromTheRight_ += isFromTheRight(glyph.character) ? 1 : 0;
-        fromTheLeft_ += isFromTheLeft(glyph.character) ? 1 : 0;
+    }
+
+    [[nodiscard]] std::size_t countFromTheLeft() const {
+        return static_cast<std::size_t>(
+            std::count_if(page_.glyphs.begin(), page_.glyphs.end(),
+                          [](const PdfGlyph& glyph) { return isFromTheLeft(glyph.character); }));
     }
 
     /// The number of the current run's font.
@@ -145,7 +156,10 @@ private:
         const auto end = static_cast<std::uint32_t>(page_.glyphs.size());
         if (first_ < end) {
             const std::optional<Turn> turn = turnOf(first_, end);
-            words_.push_back({{first_, end, piece_, isBehindBlank_, {}}, turn});
+            words_.push_back(
+                {{first_, end, piece_, isBehindBlank_, fromTheRight_ > fromTheRightBefore_, {}},
+                 turn});
+            fromTheRightBefore_ = fromTheRight_;
             if (turn) {
                 counts_[static_cast<std::size_t>(*turn)] += end - first_;
             }
@@ -157,15 +171,13 @@ private:
     /// Which way most characters follow each other; nothing when none does. Where words of a table
     /// or of a script that is read from the right come without blanks, some steps lead back.
     [[nodiscard]] std::optional<Turn> turnOf(std::uint32_t first, std::uint32_t end) const {
+        if (standsInOneRow(page_.glyphs[first].box, page_.glyphs[end - 1].box)) {
+            return Turn::FromTheLeft;
+        }
         std::array<int, PdfPageWords::kTurns> steps{};
         for (std::uint32_t i = first + 1; i < end; i++) {
             const PdfBox& before = page_.glyphs[i - 1].box;
             const PdfBox& box = page_.glyphs[i].box;
-            if (box.top == before.top && box.bottom == before.bottom && box.left > before.left &&
-                box.right > before.right) {
-                steps[0]++;
-                continue;
-            }
             const double across = centreOf(box) - centreOf(before);
             const double down = middleOf(box) - middleOf(before);
             if (across != 0 || down != 0) {
@@ -183,6 +195,7 @@ private:
     void settleTurns() {
         const auto most = static_cast<std::size_t>(
             std::max_element(counts_.begin(), counts_.end()) - counts_.begin());
+        page_.wordsByTurn[0].reserve(words_.size());
         for (std::size_t i = 0; i < words_.size(); i++) {
             Turn turn = static_cast<Turn>(most);
             if (words_[i].turn) {
@@ -241,8 +254,9 @@ private:
     /// The first face is that of no font.
     std::map<std::string_view, std::uint32_t> faces_{{{}, 0}};
     std::map<std::pair<std::uint32_t, double>, std::uint32_t> fonts_;
-    std::size_t fromTheLeft_ = 0;
+    /// How many letters are read from the right, and how many were before the current word.
     std::size_t fromTheRight_ = 0;
+    std::size_t fromTheRightBefore_ = 0;
     std::uint32_t first_ = 0;
     std::uint32_t piece_ = 0;
     bool isBehindBlank_ = false;

@@ -28,7 +28,7 @@ struct PdfGlyph {
     /// The place of its font among the page's.
     std::uint32_t font = 0;
     /// The size of its font, or what comes nearest to it; above 0.
-    double size = 1;
+    float size = 1;
     PdfBox box;
 };
 
@@ -40,6 +40,8 @@ struct PdfWord {
     /// from the word before.
     std::uint32_t piece = 0;
     bool isBehindBlank = false;
+    /// Whether it has letters that are read from the right.
+    bool isFromTheRight = false;
     PdfBox box;
 };
 

@@ -2,15 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Log.h"
+#include "Platform/Foundation/Unicode.h"
 #include "Platform/Text/Font.h"
 #include "Platform/Text/ParagraphStyle.h"
 #include "Tests/Support/MadePdf.h"
+#include "Tests/Support/TestData.h"
 
 namespace parlavox {
 namespace {
@@ -159,6 +165,37 @@ TEST(PDFImporter, KeepsFontsInHalfPointsAndNoOtherAttributes) {
         EXPECT_EQ(font->pointSize(), kRows[i].size);
     }
     EXPECT_EQ(text.runs()[2].attributes->entries().size(), 1U);
+}
+
+std::string bytesOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Line ends turn the hyphen of Unicode into the usual one.
+std::u16string withUsualHyphens(std::u16string text) {
+    std::replace(text.begin(), text.end(), u'\u2010', u'-');
+    return text;
+}
+
+TEST(PDFImporter, RecoversEachParagraphOfColumnsWithBrokenWords) {
+    struct Row {
+        const char* file;
+        const char* text;
+    };
+    constexpr Row kRows[] = {
+        {"pdf/made-de-two-columns.pdf", "pdf/made-de-two-columns.pdf.expected.txt"},
+        {"pdf/made-fr-two-columns.pdf", "pdf/made-fr-two-columns.pdf.expected.txt"},
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.file);
+        const auto text =
+            PDFImporter::createStringFromPDFData(Data::copyOf(bytesOf(test::dataPath(row.file))));
+        ASSERT_TRUE(text);
+        const std::string want = bytesOf(test::dataPath(row.text));
+        EXPECT_EQ(withUsualHyphens(text->string()),
+                  withUsualHyphens(platform::utf16FromUtf8Lossy(want)));
+    }
 }
 
 }  // namespace
