@@ -13,8 +13,14 @@ void addPackageBenchmarks(const Packages& packages, Report& report);
 /// Keyed archives in memory.
 void addArchiveBenchmarks(Report& report);
 
+/// Documents in RTF, beside a loop that strips them.
+void addRtfBenchmarks(Report& report);
+
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
+
+/// Plain text in several encodings, beside loops that only widen or copy it.
+void addPlainTextBenchmarks(Report& report);
 
 /// Units of a text one after the other, beside the library alone.
 void addEnumerationBenchmarks(Report& report);

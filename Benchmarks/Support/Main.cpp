@@ -63,7 +63,9 @@ int main(int argc, char** argv) {
     bench::Report report;
     bench::addPackageBenchmarks(packages, report);
     bench::addArchiveBenchmarks(report);
+    bench::addRtfBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
+    bench::addPlainTextBenchmarks(report);
     bench::addEnumerationBenchmarks(report);
     bench::addLanguageBenchmarks(report);
     bench::addNavigationBenchmarks(report);

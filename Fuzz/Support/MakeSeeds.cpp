@@ -30,7 +30,10 @@ bool writeAll(const std::filesystem::path& top) {
            write(text / "language_tagger_fuzz", fuzz::languageSeeds()) &&
            write(text / "pdf_fuzz", fuzz::pdfSeeds()) &&
            write(text / "pdf_layout_fuzz", fuzz::pdfLayoutSeeds()) &&
+           write(text / "rtf_fuzz", fuzz::rtfSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
+           write(text / "plain_text_fuzz", fuzz::textSeeds()) &&
+           write(text / "plain_text_fuzz", fuzz::plainTextSeeds()) &&
            write(zip / "raw_inflater_fuzz", fuzz::rawDeflateSeeds()) &&
            write(zip / "zip_fuzz", fuzz::zipSeeds()) &&
            write(top / "Tools/pvdoc/corpus/marked_up_text_fuzz", fuzz::markedUpTextSeeds()) &&

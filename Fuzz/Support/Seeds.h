@@ -35,6 +35,8 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> pdfSeeds();
 [[nodiscard]] std::vector<Seed> pdfLayoutSeeds();
 [[nodiscard]] std::vector<Seed> textSeeds();
+[[nodiscard]] std::vector<Seed> plainTextSeeds();
+[[nodiscard]] std::vector<Seed> rtfSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();

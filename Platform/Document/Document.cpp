@@ -15,20 +15,19 @@ void Document::updateChangeCount(ChangeKind change) {
         case ChangeKind::Done:
             // What was undone below the save could only come back by redoing, and a new change
             // ends that.
-            hasLeftTheFile_ = hasLeftTheFile_ || changeCount_ < 0;
+            changes_.hasLeftTheFile = changes_.hasLeftTheFile || changes_.count < 0;
             [[fallthrough]];
         case ChangeKind::Redone:
-            ++changeCount_;
+            ++changes_.count;
             break;
         case ChangeKind::Undone:
-            --changeCount_;
+            --changes_.count;
             break;
         case ChangeKind::Cleared:
-            changeCount_ = 0;
-            hasLeftTheFile_ = false;
+            changes_ = {};
             break;
         case ChangeKind::ReadOtherContents:
-            hasLeftTheFile_ = true;
+            changes_.hasLeftTheFile = true;
             break;
         case ChangeKind::Autosaved:
             // The document's own file did not change.
@@ -79,8 +78,8 @@ void Document::undoManagerDid(UndoEvent event) {
 bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
     // A wrapper takes a link as a link; a document is what the link leads to.
     const auto wrapper = FileWrapper::initWithPath(
-        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()), error,
-        FileReading::WhenAsked);
+        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()),
+        FileReading::WhenAsked, error);
     return wrapper != nullptr && readFromFileWrapper(wrapper, ofType, error);
 }
 

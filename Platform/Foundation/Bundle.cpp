@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -89,6 +90,35 @@ bool isFileName(std::string_view name) {
     return !name.empty() && name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
 }
 
+/// The languages that the user wants, the best first: "de_AT", then "de", of the first variable
+/// that says something.
+std::vector<std::string> userLanguages() {
+    std::vector<std::string> languages;
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* const locale = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe)
+        const std::string_view name = locale != nullptr ? locale : "";
+        if (!name.empty()) {
+            languages.emplace_back(name.substr(0, name.find_first_of(".@")));
+            languages.emplace_back(name.substr(0, name.find_first_of("_.@")));
+            break;
+        }
+    }
+    languages.emplace_back("en");
+    return languages;
+}
+
+/// The folders of a bundle that may hold its string tables, in the order of the search.
+std::vector<std::string> tableFolders(const std::string& resources) {
+    std::vector<std::string> folders;
+    for (const std::string& language : userLanguages()) {
+        if (isFileName(language)) {
+            folders.push_back(resources + language + ".lproj/");
+        }
+    }
+    folders.push_back(resources);
+    return folders;
+}
+
 /// The folders of a bundle that may hold its code, in the order of the search.
 std::span<const std::string_view> codeFolders(const std::string& bundlePath) {
     static constexpr std::string_view kDeep[] = {"/Contents/Linux/", "/Contents/", "/"};
@@ -124,10 +154,14 @@ std::shared_ptr<const Bundle> Bundle::mainBundle() {
 }
 
 void Bundle::setMainBundle(std::string_view identifier, std::string_view shortVersionString) {
-    auto named = std::make_unique<const MainBundle>(std::make_shared<const Bundle>(
+    setMainBundle(std::make_shared<const Bundle>(
         PassKey(), std::string(),
         Dictionary{{"CFBundleIdentifier", Value::fromUtf8(identifier)},
                    {"CFBundleShortVersionString", Value::fromUtf8(shortVersionString)}}));
+}
+
+void Bundle::setMainBundle(std::shared_ptr<const Bundle> bundle) {
+    auto named = std::make_unique<const MainBundle>(std::move(bundle));
     const MainBundle* before = nullptr;
     if (namedMainBundle_.compare_exchange_strong(before, named.get(), std::memory_order_release,
                                                  std::memory_order_relaxed)) {
@@ -142,6 +176,21 @@ Value Bundle::objectForInfoDictionaryKey(std::string_view key) const {
 
 std::optional<std::string> Bundle::bundleIdentifier() const {
     return information_["CFBundleIdentifier"].utf8();
+}
+
+std::string Bundle::localizedStringForKey(std::string_view key, std::string_view value,
+                                          std::string_view table) const {
+    std::string name(table.empty() ? "Localizable" : table);
+    name += ".strings";
+    if (!path_.empty() && isFileName(name)) {
+        for (const std::string& folder : tableFolders(path_ + "/Contents/Resources/")) {
+            const auto strings = informationInFile(folder + name);
+            if (const auto found = strings ? strings.value()[key].utf8() : std::nullopt) {
+                return *found;
+            }
+        }
+    }
+    return std::string(value.empty() ? key : value);
 }
 
 std::string Bundle::executableName() const {

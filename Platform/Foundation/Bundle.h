@@ -45,6 +45,11 @@ public:
     /// A second call breaks a precondition and changes nothing.
     static void setMainBundle(std::string_view identifier, std::string_view shortVersionString);
 
+    /// Makes `bundle` that of the running program, under the same rules.
+    ///
+    /// Requires: a bundle.
+    static void setMainBundle(std::shared_ptr<const Bundle> bundle);
+
     /// The path given, without slashes at its end; empty for the main bundle.
     ///
     /// Selector: bundlePath
@@ -62,6 +67,17 @@ public:
     ///
     /// Selector: bundleIdentifier
     [[nodiscard]] std::optional<std::string> bundleIdentifier() const;
+
+    /// Returns what the string table has under `key` in the language of the user: a file of
+    /// strings, Contents/Resources/LANGUAGE.lproj/TABLE.strings or
+    /// Contents/Resources/TABLE.strings. An empty table name stands for "Localizable". Where there
+    /// is none, `value` or, when that is empty, the key.
+    ///
+    /// The language is that of the environment, as far as there is a table for it; else English.
+    ///
+    /// Selector: localizedStringForKey:value:table:
+    [[nodiscard]] std::string localizedStringForKey(std::string_view key, std::string_view value,
+                                                    std::string_view table) const;
 
     /// Returns the path of the file that holds the bundle's code, nothing when there is none.
     ///

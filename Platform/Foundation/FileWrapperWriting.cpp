@@ -1,8 +1,6 @@
 // The part of FileWrapper that writes to the disk.
 
 #include <fcntl.h>
-#include <stdio.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,9 +9,9 @@
 #include "Platform/Foundation/ErrnoError.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileDescriptor.h"
-#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/PathString.h"
+#include "Platform/Foundation/StagedItem.h"
 
 namespace platform {
 namespace {
@@ -41,54 +39,6 @@ bool writeLink(const std::string& destination, const std::string& path) {
     return ::symlink(destination.c_str(), path.c_str()) == 0 || refuse(errno, path);
 }
 
-/// A new folder beside `path`, gone at the end with all that is left in it.
-class StagingFolder {
-public:
-    explicit StagingFolder(const std::string& path)
-        : path_(stringByAppendingPathComponent(stringByDeletingLastPathComponent(path),
-                                               ".write-XXXXXX")) {
-        isMade_ = ::mkdtemp(path_.data()) != nullptr;
-    }
-    ~StagingFolder() {
-        if (isMade_) {
-            FileManager::defaultManager().removeItemAtPath(path_);
-        }
-    }
-    StagingFolder(const StagingFolder&) = delete;
-    StagingFolder& operator=(const StagingFolder&) = delete;
-
-    [[nodiscard]] bool isMade() const { return isMade_; }
-    [[nodiscard]] const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
-    bool isMade_;
-};
-
-// Puts `staged` at `path`; what was there ends up in the staging folder.
-bool replaceItem(const std::string& staged, const std::string& path) {
-    if (::rename(staged.c_str(), path.c_str()) == 0) {
-        return true;
-    }
-    if (errno != ENOTEMPTY && errno != EEXIST && errno != EISDIR && errno != ENOTDIR) {
-        return refuse(errno, path);
-    }
-    // A full folder is not replaced by renaming, only exchanged, which not every disk can do.
-    if (::renameat2(AT_FDCWD, staged.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) == 0) {
-        return true;
-    }
-    const std::string former = staged + "~";
-    if (::rename(path.c_str(), former.c_str()) != 0) {
-        return refuse(errno, path);
-    }
-    if (::rename(staged.c_str(), path.c_str()) != 0) {
-        const int cause = errno;
-        (void)::rename(former.c_str(), path.c_str());
-        return refuse(cause, path);
-    }
-    return true;
-}
-
 }  // namespace
 
 bool FileWrapper::writeToFile(const std::string& path, Atomically atomically,
@@ -107,12 +57,10 @@ bool FileWrapper::writeToFile(const std::string& path, Atomically atomically,
 }
 
 bool FileWrapper::writeBeside(const std::string& path, UpdateFilenames updateFilenames) {
-    const StagingFolder staging(path);
-    if (!staging.isMade()) {
-        return refuse(errno, path);
-    }
-    const std::string staged = staging.path() + "/" + lastPathComponent(path);
-    return writeInPlace(staged, updateFilenames) && replaceItem(staged, path);
+    StagedItem staged(path);
+    return (staged.isMade() || refuse(errno, path)) &&
+           writeInPlace(staged.path(), updateFilenames) &&
+           (staged.putInPlace() || refuse(errno, path));
 }
 
 bool FileWrapper::writeInPlace(const std::string& path, UpdateFilenames updateFilenames) {

@@ -89,13 +89,13 @@ inline constexpr auto kTypeTable = std::to_array<TypeRow>({
     taken({"public.utf16-plain-text", {"public.plain-text"}, {}, {}}),
     taken({"public.utf16-external-plain-text", {"public.plain-text"}, {}, {}}),
     {"com.apple.traditional-mac-plain-text", {"public.plain-text"}, {}, {}},
-    {"public.rtf", {"public.text"}, {"rtf"}, {"text/rtf", "application/rtf"}},
+    taken({"public.rtf", {"public.text"}, {"rtf"}, {"text/rtf", "application/rtf"}}),
     {"public.html", {"public.text"}, {"html", "htm"}, {"text/html"}},
     {"public.xml", {"public.text"}, {"xml"}, {"application/xml", "text/xml"}},
 
     // Documents of more than text.
-    {"com.apple.rtfd", {"com.apple.package", "public.composite-content"}, {"rtfd"}, {}},
-    {"com.apple.flat-rtfd", {"public.data", "public.composite-content"}, {}, {}},
+    taken({"com.apple.rtfd", {"com.apple.package", "public.composite-content"}, {"rtfd"}, {}}),
+    taken({"com.apple.flat-rtfd", {"public.data", "public.composite-content"}, {}, {}}),
     {"com.adobe.pdf", {"public.data", "public.composite-content"}, {"pdf"}, {"application/pdf"}},
     {"com.apple.webarchive",
      {"public.data", "public.composite-content"},

@@ -1,5 +1,8 @@
 #include "Platform/Foundation/WideText.h"
 
+#include <bit>
+#include <cstring>
+
 #include "Platform/Foundation/Unicode.h"
 
 namespace platform {
@@ -7,31 +10,41 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF"sv;
-constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE"sv;
-constexpr std::string_view kUtf32BigEndianMark = "\0\0\xFE\xFF"sv;
-constexpr std::string_view kUtf32LittleEndianMark = "\xFF\xFE\0\0"sv;
+struct MarkBytes {
+    std::string_view bytes;
+    WideEncoding encoding;
+};
 
-enum class ByteOrder { BigEnd, LittleEnd };
+// The shorter mark begins one of the longer ones.
+constexpr MarkBytes kMarks[] = {
+    {"\xFF\xFE\0\0"sv, WideEncoding::Utf32LittleEndian},
+    {"\0\0\xFE\xFF"sv, WideEncoding::Utf32BigEndian},
+    {"\xFF\xFE"sv, WideEncoding::Utf16LittleEndian},
+    {"\xFE\xFF"sv, WideEncoding::Utf16BigEndian},
+};
 
-/// The unit of `size` bytes at the start of `bytes`.
-char32_t unitAt(std::string_view bytes, std::size_t size, ByteOrder order) {
-    char32_t unit = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-        const std::size_t place = order == ByteOrder::BigEnd ? i : size - 1 - i;
-        unit = unit << 8 | static_cast<unsigned char>(bytes[place]);
-    }
-    return unit;
+bool isOtherOrder(WideEncoding encoding) {
+    const bool isBigEndian =
+        encoding == WideEncoding::Utf16BigEndian || encoding == WideEncoding::Utf32BigEndian;
+    return isBigEndian != (std::endian::native == std::endian::big);
 }
 
-std::u16string textFromUtf16(std::string_view bytes, ByteOrder order) {
-    std::u16string text;
-    text.reserve(bytes.size() / 2 + 1);
-    for (; bytes.size() >= 2; bytes.remove_prefix(2)) {
-        text.push_back(static_cast<char16_t>(unitAt(bytes, 2, order)));
-    }
-    if (!bytes.empty()) {
-        text.push_back(kReplacementCharacter);
+constexpr char16_t withBytesSwapped(char16_t unit) {
+    return static_cast<char16_t>(unit << 8 | unit >> 8);
+}
+
+constexpr char32_t withBytesSwapped(char32_t unit) {
+    return unit << 24 | (unit & 0xFF00) << 8 | (unit >> 8 & 0xFF00) | unit >> 24;
+}
+
+std::u16string textFromUtf16(std::string_view bytes, bool areSwapped) {
+    const std::size_t count = bytes.size() / sizeof(char16_t);
+    std::u16string text(count, u'\0');
+    std::memcpy(text.data(), bytes.data(), count * sizeof(char16_t));
+    if (areSwapped) {
+        for (char16_t& unit : text) {
+            unit = withBytesSwapped(unit);
+        }
     }
     return text;
 }
@@ -47,39 +60,55 @@ void appendUtf16(std::u16string& text, char32_t value) {
     }
 }
 
-std::u16string textFromUtf32(std::string_view bytes, ByteOrder order) {
+std::u16string textFromUtf32(std::string_view bytes, bool areSwapped) {
     std::u16string text;
-    text.reserve(bytes.size() / 4 + 1);
-    for (; bytes.size() >= 4; bytes.remove_prefix(4)) {
-        appendUtf16(text, unitAt(bytes, 4, order));
+    text.reserve(bytes.size() / sizeof(char32_t) + 1);
+    for (; bytes.size() >= sizeof(char32_t); bytes.remove_prefix(sizeof(char32_t))) {
+        char32_t unit = 0;
+        std::memcpy(&unit, bytes.data(), sizeof unit);
+        appendUtf16(text, areSwapped ? withBytesSwapped(unit) : unit);
     }
-    if (!bytes.empty()) {
+    return text;
+}
+
+std::size_t unitSize(WideEncoding encoding) {
+    const bool isUtf16 =
+        encoding == WideEncoding::Utf16BigEndian || encoding == WideEncoding::Utf16LittleEndian;
+    return isUtf16 ? sizeof(char16_t) : sizeof(char32_t);
+}
+
+}  // namespace
+
+std::optional<WideMark> wideMarkOf(std::string_view bytes) {
+    for (const MarkBytes& mark : kMarks) {
+        if (bytes.starts_with(mark.bytes)) {
+            return WideMark{mark.encoding, mark.bytes.size()};
+        }
+    }
+    return std::nullopt;
+}
+
+std::u16string utf16FromWideBytes(std::string_view bytes, WideEncoding encoding) {
+    const std::size_t size = unitSize(encoding);
+    const bool areSwapped = isOtherOrder(encoding);
+    std::u16string text = size == sizeof(char16_t) ? textFromUtf16(bytes, areSwapped)
+                                                   : textFromUtf32(bytes, areSwapped);
+    if (bytes.size() % size != 0) {
         text.push_back(kReplacementCharacter);
     }
     return text;
 }
 
-}  // namespace
-
 std::optional<std::u16string> utf16FromMarkedBytes(std::string_view bytes) {
-    // The shorter mark begins one of the longer ones.
-    if (bytes.starts_with(kUtf32LittleEndianMark)) {
-        return textFromUtf32(bytes.substr(4), ByteOrder::LittleEnd);
+    const auto mark = wideMarkOf(bytes);
+    if (!mark) {
+        return std::nullopt;
     }
-    if (bytes.starts_with(kUtf32BigEndianMark)) {
-        return textFromUtf32(bytes.substr(4), ByteOrder::BigEnd);
-    }
-    if (bytes.starts_with(kUtf16LittleEndianMark)) {
-        return textFromUtf16(bytes.substr(2), ByteOrder::LittleEnd);
-    }
-    if (bytes.starts_with(kUtf16BigEndianMark)) {
-        return textFromUtf16(bytes.substr(2), ByteOrder::BigEnd);
-    }
-    return std::nullopt;
+    return utf16FromWideBytes(bytes.substr(mark->size), mark->encoding);
 }
 
 std::u16string utf16FromBigEndianUtf16(std::string_view bytes) {
-    return textFromUtf16(bytes, ByteOrder::BigEnd);
+    return utf16FromWideBytes(bytes, WideEncoding::Utf16BigEndian);
 }
 
 }  // namespace platform

@@ -18,10 +18,10 @@ inline constexpr char kForegroundColorAttributeName[] = "NSColor";
 /// The Color behind the text; absent for none.
 inline constexpr char kBackgroundColorAttributeName[] = "NSBackgroundColor";
 
-/// An integer, the kind of line below the text: 0 none, 1 single, 2 thick, 9 double.
+/// An integer, the kind of line below the text: a LineStyle and perhaps a pattern added to it.
 inline constexpr char kUnderlineStyleAttributeName[] = "NSUnderline";
 
-/// An integer, the kind of line through the text: 0 none, 1 single.
+/// An integer, the kind of line through the text, in the same way.
 inline constexpr char kStrikethroughStyleAttributeName[] = "NSStrikethrough";
 
 /// An integer: above 0 raised, below 0 lowered text.
@@ -29,5 +29,18 @@ inline constexpr char kSuperscriptAttributeName[] = "NSSuperScript";
 
 /// A URLReference, or a string with a URL.
 inline constexpr char kLinkAttributeName[] = "NSLink";
+
+/// Kinds of lines below and through text, with the platform's numbers.
+enum LineStyle : int {
+    kNoLine = 0,
+    kSingleLine = 1,
+    kThickLine = 2,
+    kDoubleLine = 9,
+    kDotLine = 0x100,
+    kDashLine = 0x200,
+    kDashDotLine = 0x300,
+    kDashDotDotLine = 0x400,
+    kLineByWord = 0x8000
+};
 
 }  // namespace platform

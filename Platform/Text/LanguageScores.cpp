@@ -130,6 +130,11 @@ const Language* LanguageScores::best() const {
     return *best > 0 ? &languages_[static_cast<std::size_t>(best - scores_.begin())] : nullptr;
 }
 
+float LanguageScores::highest() const {
+    return *std::max_element(scores_.begin(),
+                             scores_.begin() + static_cast<std::ptrdiff_t>(languages_.size()));
+}
+
 float LanguageScores::lead() const {
     auto sorted = scores_;
     const auto end = sorted.begin() + static_cast<std::ptrdiff_t>(languages_.size());

@@ -28,6 +28,9 @@ public:
     /// The language that most speaks for; null when nothing does for any.
     [[nodiscard]] const Language* best() const;
 
+    /// How much speaks for the likeliest language; negative when more speaks against it.
+    [[nodiscard]] float highest() const;
+
     /// How much more speaks for the best language than for the next.
     [[nodiscard]] float lead() const;
 

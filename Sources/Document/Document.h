@@ -1,19 +1,24 @@
 // A document of the reading application: attributed text with its settings.
 //
-// Documents are read from packages of the own format and imported from other formats. A document
-// is used on one thread at a time; different documents may be read on different threads at once.
-// Positions in the text count UTF-16 code units.
+// Documents are read from packages of the own format and imported from other formats; they are
+// saved as packages, by intention without their text, and their text is exported as RTF and plain
+// text. A document is used on one thread at a time; different documents may be read on different
+// threads at once. A package is saved on a thread of its own, see the base class. Positions in the
+// text count UTF-16 code units.
 
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Platform/Document/Document.h"
+#include "Platform/Foundation/IndexSet.h"
 #include "Platform/Foundation/Value.h"
 #include "Platform/Text/AttributedString.h"
 #include "Platform/Text/TextStorage.h"
@@ -77,6 +82,14 @@ public:
     [[nodiscard]] bool readFromURL(const platform::URL& url, const std::string& ofType,
                                    platform::ErrorLocation error) override;
 
+    /// Imports the text of an RTFD folder, which leaves the document not editing; all else is for
+    /// the base class. A folder that can't be imported leaves no error.
+    ///
+    /// Selector: readFromFileWrapper:ofType:error:
+    [[nodiscard]] bool readFromFileWrapper(const std::shared_ptr<platform::FileWrapper>& wrapper,
+                                           const std::string& ofType,
+                                           platform::ErrorLocation error) override;
+
     /// Imports text from bytes in whatever format they are. Never leaves an error.
     ///
     /// Selector: readFromData:ofType:error:
@@ -131,6 +144,28 @@ public:
         return customTagTemplates_;
     }
 
+    /// Inserts templates so that each is at its index in the new list.
+    ///
+    /// This and the next two can be undone; a name that is not empty names the step in the user's
+    /// language. Each posts DocumentCustomTagTemplatesDidChangeNotification, also when it is undone
+    /// or redone. No indexes for some templates do nothing at all; otherwise counts that differ,
+    /// and indexes beyond the list, raise as the platform's arrays do.
+    ///
+    /// Selector: insertCustomTagTemplates:atIndexes:withUndoActionName:
+    void insertCustomTagTemplates(const platform::Array& templates,
+                                  const platform::IndexSet& atIndexes,
+                                  const std::string& withUndoActionName);
+
+    /// Selector: removeCustomTagTemplatesAtIndexes:withUndoActionName:
+    void removeCustomTagTemplatesAtIndexes(const platform::IndexSet& indexes,
+                                           const std::string& withUndoActionName);
+
+    /// Moves a template to where it shall be in the list without it.
+    ///
+    /// Selector: moveCustomTagTemplateAtIndex:toIndex:withUndoActionName:
+    void moveCustomTagTemplateAtIndex(std::uint64_t index, std::uint64_t toIndex,
+                                      const std::string& withUndoActionName);
+
     /// The place of the insertion point.
     [[nodiscard]] std::uint64_t cursorLocation() const { return cursorLocation_; }
     void setCursorLocation(std::uint64_t location) { cursorLocation_ = location; }
@@ -152,6 +187,59 @@ public:
     [[nodiscard]] WindowSize windowSize() const { return windowSize_; }
     void setWindowSize(WindowSize size) { windowSize_ = size; }
 
+    // Saving.
+
+    using platform::Document::writeToURL;
+
+    /// Writes a package with the templates, the settings and the header, all stored; not the text,
+    /// by intention. Never leaves an error. Other types are written as the base class does.
+    ///
+    /// Selector: writeToURL:ofType:error:
+    [[nodiscard]] bool writeToURL(const platform::URL& url, const std::string& ofType,
+                                  platform::ErrorLocation error) override;
+
+    /// Returns the text without its tags, as RTF or in UTF-8, where a lone surrogate becomes
+    /// U+FFFD. Nothing, and no error, for other types.
+    ///
+    /// Selector: dataOfType:error:
+    [[nodiscard]] std::optional<platform::Data> dataOfType(const std::string& ofType,
+                                                           platform::ErrorLocation error) override;
+
+    /// A copy can be saved as the two export types, all else as the base class says.
+    ///
+    /// Selector: writableTypesForSaveOperation:
+    [[nodiscard]] std::vector<std::string> writableTypesForSaveOperation(
+        platform::SaveOperation forSaveOperation) const override;
+
+    /// True for packages.
+    ///
+    /// Selector: canAsynchronouslyWriteToURL:ofType:forSaveOperation:
+    [[nodiscard]] bool canAsynchronouslyWriteToURL(
+        const platform::URL& url, const std::string& ofType,
+        platform::SaveOperation forSaveOperation) const override;
+
+    /// Selector: autosavesInPlace
+    [[nodiscard]] static bool autosavesInPlace() { return true; }
+
+    /// Saves as the base class does. After a save that succeeded and the handler's call,
+    /// DocumentDidSaveNotification is posted.
+    ///
+    /// Selector: saveToURL:ofType:forSaveOperation:completionHandler:
+    void saveToURL(const platform::URL& url, const std::string& ofType,
+                   platform::SaveOperation forSaveOperation,
+                   CompletionHandler completionHandler) override;
+
+    /// Returns what "contents.plist" holds when the document is saved now: the header, with the
+    /// name and version of the main bundle.
+    ///
+    /// Selector: metadataDictionary
+    [[nodiscard]] platform::Dictionary metadataDictionary() const;
+
+    /// Nothing: the document has no settings.
+    ///
+    /// Selector: settingsDictionary
+    [[nodiscard]] platform::Value settingsDictionary() const;
+
     /// Always 1, the fastest.
     ///
     /// Selector: compressLevelForFileWrapper:zipWrapper:
@@ -165,6 +253,9 @@ private:
     [[nodiscard]] bool readPackage(const std::string& path, platform::ErrorLocation error);
     void readText(const platform::FileWrapper& member);
     void registerUndoOfText();
+    void registerUndoOfTemplates(const std::string& actionName,
+                                 std::function<void(Document&)> undo);
+    void setCustomTagTemplates(platform::Array templates, platform::Dictionary userInfo);
 
     std::weak_ptr<platform::Object> mainWindowController_;
     std::shared_ptr<platform::TextStorage> textStorage_ = std::make_shared<platform::TextStorage>();

@@ -2,6 +2,8 @@
 
 #include <unicode/ubrk.h>
 #include <unicode/uchar.h>
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 #include <unicode/unorm2.h>
 
 #include <array>
@@ -15,6 +17,7 @@ namespace {
 using platform::BoundaryIterator;
 using platform::BoundaryKind;
 using platform::CharacterDirection;
+using platform::CodePage;
 using platform::UnicodeFunctions;
 
 UBreakIterator* iteratorIn(BoundaryIterator* iterator) {
@@ -182,8 +185,37 @@ std::size_t plainForm(char32_t codePoint, char16_t* units, std::size_t room) {
     return U_SUCCESS(status) && length > 0 ? static_cast<std::size_t>(length) : 0;
 }
 
+UConverter* converterIn(CodePage* codePage) {
+    return reinterpret_cast<UConverter*>(codePage);
+}
+
+/// Writes U+FFFD for bytes that are no character and counts it in the `context` of one conversion.
+void replaceAndCount(const void* context, UConverterToUnicodeArgs* arguments, const char*,
+                     std::int32_t, UConverterCallbackReason reason, UErrorCode* status) {
+    if (reason <= UCNV_IRREGULAR) {
+        constexpr char16_t kReplacement = 0xFFFD;
+        *status = U_ZERO_ERROR;
+        // Callbacks get their context as a pointer to a constant.
+        ++*static_cast<std::size_t*>(const_cast<void*>(context));
+        ucnv_cbToUWriteUChars(arguments, &kReplacement, 1, 0, status);
+    }
+}
+
+std::size_t convert(CodePage* codePage, const char** bytes, const char* end, char16_t** units,
+                    char16_t* unitsEnd, bool areLast, bool* isDone) {
+    std::size_t replaced = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_setToUCallBack(converterIn(codePage), replaceAndCount, &replaced, nullptr, nullptr,
+                        &status);
+    ucnv_toUnicode(converterIn(codePage), units, unitsEnd, bytes, end, nullptr,
+                   static_cast<UBool>(areLast), &status);
+    *isDone = status != U_BUFFER_OVERFLOW_ERROR;
+    return replaced;
+}
+
 constexpr UnicodeFunctions kFunctions = {
     {[] {
+        ucnv_flushCache();
         poolOf(BoundaryKind::Word).clear();
         poolOf(BoundaryKind::Sentence).clear();
     }},
@@ -202,6 +234,12 @@ constexpr UnicodeFunctions kFunctions = {
     },
     composed,
     plainForm,
+    [](const char* name) {
+        UErrorCode status = U_ZERO_ERROR;
+        return reinterpret_cast<CodePage*>(ucnv_open(name, &status));
+    },
+    [](CodePage* codePage) { ucnv_close(converterIn(codePage)); },
+    convert,
 };
 static_assert(UBRK_DONE == -1);
 

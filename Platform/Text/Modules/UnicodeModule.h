@@ -1,8 +1,8 @@
-// What the module `unicode` offers: walks over the boundaries of words and sentences, and the
-// properties of characters.
+// What the module `unicode` offers: walks over the boundaries of words and sentences, the
+// properties of characters, and the conversion of code pages to UTF-16.
 //
-// Positions count UTF-16 units from the start of the text. An iterator belongs to one thread at a
-// time; different ones to different threads.
+// Positions count UTF-16 units from the start of the text. An iterator or a converter belongs to
+// one thread at a time; different ones to different threads.
 
 #pragma once
 
@@ -20,6 +20,9 @@ enum class CharacterDirection : std::uint8_t { FromTheLeft, FromTheRight, Number
 
 /// An iterator that is lent.
 struct BoundaryIterator;
+
+/// What converts the bytes of one code page.
+struct CodePage;
 
 struct UnicodeFunctions : ModuleHead {
     static constexpr char kName[] = "unicode";
@@ -55,6 +58,19 @@ struct UnicodeFunctions : ModuleHead {
     /// Writes what a code point stands for when its form does not count, in at most `room` units;
     /// returns how many there are, 0 when it stands for nothing but itself.
     std::size_t (*plainForm)(char32_t codePoint, char16_t* units, std::size_t room);
+
+    /// Makes a converter of the code page `name`, one of the names that ICU has for it; null when
+    /// there is none.
+    CodePage* (*openCodePage)(const char* name);
+    void (*closeCodePage)(CodePage* codePage);
+
+    /// Converts the bytes from `*bytes` to `end` until they or the room for units, at least two,
+    /// are used up, and moves both starts past what it did. It is done when no byte and no room is
+    /// wanted any more. What is no character becomes U+FFFD; returns how often that was so. An
+    /// incomplete character at the end waits for the next bytes, unless these are the last: then it
+    /// is none, and the converter starts anew.
+    std::size_t (*convert)(CodePage* codePage, const char** bytes, const char* end,
+                           char16_t** units, char16_t* unitsEnd, bool areLast, bool* isDone);
 };
 
 }  // namespace platform

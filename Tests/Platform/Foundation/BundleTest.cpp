@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -13,6 +14,7 @@
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
 #include "Tests/Support/MainBundleTestPeer.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace platform {
 namespace {
@@ -200,6 +202,36 @@ TEST(MainBundle, HasNoNameUntilTheProgramGivesOne) {
     EXPECT_EQ(Bundle::mainBundle()->objectForInfoDictionaryKey("CFBundleShortVersionString"),
               Value(u"1.2"));
     EXPECT_EQ(Bundle::mainBundle(), Bundle::mainBundle());
+}
+
+TEST(Bundle, HasStringsInTheUsersLanguage) {
+    const test::TemporaryFolder folder;
+    folder.write("a.app/Contents/Resources/en.lproj/Localizable.strings",
+                 "\"Move\" = \"Move it\"; Only = \"English\";");
+    folder.write("a.app/Contents/Resources/de.lproj/Localizable.strings", "Move = Bewegen;");
+    folder.write("a.app/Contents/Resources/Other.strings", "Move = Other;");
+    const auto bundle = Bundle::bundleWithPath(folder.path("a.app"));
+    const struct {
+        const char* language;
+        const char* key;
+        const char* value;
+        const char* table;
+        const char* found;
+    } kRows[] = {
+        {"de_AT.UTF-8", "Move", "", "", "Bewegen"}, {"de", "Move", "", "Localizable", "Bewegen"},
+        {"de_AT.UTF-8", "Only", "", "", "English"}, {"fr_FR@euro", "Move", "", "", "Move it"},
+        {"C", "Move", "", "", "Move it"},           {"de", "Move", "", "Other", "Other"},
+        {"de", "None", "value", "", "value"},       {"de", "None", "", "", "None"},
+        {"de", "Move", "", "../Other", "Move"},     {"../../x", "Move", "", "", "Move it"},
+    };
+    const char* const before = std::getenv("LC_ALL");
+    const std::string kept = before != nullptr ? before : "";
+    for (const auto& row : kRows) {
+        ::setenv("LC_ALL", row.language, 1);
+        EXPECT_EQ(bundle->localizedStringForKey(row.key, row.value, row.table), row.found);
+    }
+    before != nullptr ? ::setenv("LC_ALL", kept.c_str(), 1) : ::unsetenv("LC_ALL");
+    EXPECT_EQ(Bundle::mainBundle()->localizedStringForKey("Move", "", ""), "Move");
 }
 
 TEST(MainBundle, IsNamedOnce) {

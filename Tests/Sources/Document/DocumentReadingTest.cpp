@@ -391,10 +391,18 @@ TEST_F(DocumentReading, PdfIsRefusedWhateverItsBytes) {
     }
 }
 
+TEST_F(DocumentReading, RtfIsReadWhateverItsType) {
+    for (const char* type : {"public.rtf", "public.plain-text"}) {
+        const Reading reading = read(Data::copyOf("{\\rtf1 caf\\'e9{\\pict 00}\\par}"), type);
+        EXPECT_TRUE(reading.wasRead) << type;
+        EXPECT_EQ(reading.text, u"caf\u00E9\n") << type;
+    }
+}
+
 TEST_F(DocumentReading, FormatsWithoutAReaderAreRefusedWhateverTheirType) {
     platform::clearFailure();
-    EXPECT_FALSE(read(Data::copyOf("{\\rtf1 words}"), "public.rtf").wasRead);
-    EXPECT_STREQ(platform::lastFailure(), "RTF is not read yet");
+    EXPECT_FALSE(read(Data::copyOf("<html>words"), "public.html").wasRead);
+    EXPECT_STREQ(platform::lastFailure(), "HTML is not read yet");
     EXPECT_FALSE(read(Data::copyOf("%PDF-1.7"), "public.plain-text").wasRead);
     EXPECT_STREQ(platform::lastFailure(), "PDF is not read yet");
 }
@@ -486,7 +494,7 @@ TEST_F(DocumentReading, WhatCannotBeReadMakesNoDocument) {
         folder.write("newer", samples::package(samples::archiveOfText(u"words"), 3).view()));
     EXPECT_EQ(Document::initWithContentsOfURL(newer, kDocumentType, &error), nullptr);
     EXPECT_EQ(error, Error({"PVSpecificErrorDomain", 0, ""}));
-    const URL binary = URL::fileURLWithPath(folder.write("a.bin", "\xFF"));
+    const URL binary = URL::fileURLWithPath(folder.write("a.bin", "\x89PNG\r\n\x1A\n"));
     EXPECT_EQ(Document::initWithContentsOfURL(binary, "public.plain-text", nullptr), nullptr);
 }
 
