@@ -51,9 +51,9 @@ bool standsInOneRow(const PdfBox& first, const PdfBox& last) {
            first.right < last.right;
 }
 
-double soundSize(double size, const PdfBox& box) {
+float soundSize(double size, const PdfBox& box) {
     const double wanted = std::isfinite(size) && size > 0 ? size : heightOf(box);
-    return std::clamp(wanted, kSmallestSize, kLargestSize);
+    return static_cast<float>(std::clamp(wanted, kSmallestSize, kLargestSize));
 }
 
 /// The box on a page that is turned until a word reads from the left.
