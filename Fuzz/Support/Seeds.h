@@ -32,6 +32,8 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> markedUpTextSeeds();
+[[nodiscard]] std::vector<Seed> pdfSeeds();
+[[nodiscard]] std::vector<Seed> pdfLayoutSeeds();
 [[nodiscard]] std::vector<Seed> textSeeds();
 [[nodiscard]] std::vector<Seed> plainTextSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();

@@ -19,6 +19,7 @@ Result<AttributedString> attributedStringFromData(const Data& data) {
             return attributedStringFromRtf(data);
         case TextFormat::FlatRtfd:
             return attributedStringFromFlatRtfd(data);
+        case TextFormat::Pdf:
         case TextFormat::Binary:
             return Fault{FaultCode::Unsupported, "no text: " + std::string(name)};
         default:

@@ -11,6 +11,7 @@
 #include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 #include "Sources/TextImport/ImportUtils.h"
+#include "Sources/TextImport/PDFImporter.h"
 
 namespace parlavox {
 
@@ -168,9 +169,11 @@ bool Document::readFromFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
 
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
     if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
-        // FIXME: extract the pages' text.
-        noteFailure("PDF is not read yet");
-        return false;
+        auto text = PDFImporter::createStringFromPDFData(data);
+        if (text) {
+            replaceRealStorageWithAttributedString(*std::move(text));
+        }
+        return text.has_value();
     }
     auto text = platform::attributedStringFromData(data);
     if (!text) {

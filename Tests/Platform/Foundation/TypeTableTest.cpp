@@ -24,6 +24,7 @@ TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndTexts) {
         "public.rtf",
         "com.apple.rtfd",
         "com.apple.flat-rtfd",
+        "com.adobe.pdf",
         "com.brightmill.parlavox.parlavox",
         "com.fernleaf.scribo.scribo",
     };
