@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Text/AttributeNames.h"
 #include "Platform/Text/Font.h"
 #include "Platform/Text/ParagraphStyle.h"
 #include "Sources/TextImport/ImportUtils.h"
@@ -20,15 +21,14 @@ using platform::Attributes;
 using platform::Data;
 using platform::Dictionary;
 using platform::Font;
+using platform::kFontAttributeName;
+using platform::kParagraphStyleAttributeName;
 using platform::ParagraphStyle;
 using platform::PDFDocument;
 using platform::PDFPage;
 using platform::Value;
 
 namespace {
-
-constexpr char kFontAttributeName[] = "NSFont";
-constexpr char kParagraphStyleAttributeName[] = "NSParagraphStyle";
 
 /// Changes the attributes of runs, those of equal runs once. Holds what it was given, so that the
 /// next set is no other one at the same address.
