@@ -37,6 +37,7 @@ bool writeAll(const std::filesystem::path& top) {
            write(text / "plain_text_fuzz", fuzz::plainTextSeeds()) &&
            write(zip / "raw_inflater_fuzz", fuzz::rawDeflateSeeds()) &&
            write(zip / "zip_fuzz", fuzz::zipSeeds()) &&
+           write(zip / "archive_round_trip_fuzz", fuzz::treeSeeds()) &&
            write(top / "Tools/pvdoc/corpus/marked_up_text_fuzz", fuzz::markedUpTextSeeds()) &&
            write(top / "Sources/TextAnalysis/corpus/text_analysis_fuzz",
                  fuzz::textAnalysisSeeds()) &&

@@ -43,6 +43,7 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
+[[nodiscard]] std::vector<Seed> treeSeeds();
 [[nodiscard]] std::vector<Seed> documentSeeds();
 [[nodiscard]] std::vector<Seed> textAnalysisSeeds();
 [[nodiscard]] std::vector<Seed> importUtilsSeeds();

@@ -5,9 +5,9 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "Platform/Foundation/FileContents.h"
-#include "Platform/Foundation/FileDescriptor.h"
 
 namespace pvdoc {
 
@@ -15,8 +15,10 @@ using platform::Data;
 using platform::Fault;
 using platform::FaultCode;
 
-platform::Result<Data> readFile(const std::string& path) {
-    const auto file = platform::FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
+using platform::Result;
+
+Result<InputFile> openFile(const std::string& path) {
+    auto file = platform::FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return Fault{FaultCode::System, std::strerror(errno)};
@@ -24,7 +26,12 @@ platform::Result<Data> readFile(const std::string& path) {
     if (!S_ISREG(status.st_mode)) {
         return Fault{FaultCode::System, "not a regular file"};
     }
-    auto contents = platform::contentsOfFile(file, static_cast<std::size_t>(status.st_size));
+    return InputFile{std::move(file), static_cast<std::uint64_t>(status.st_size)};
+}
+
+Result<Data> readFile(const std::string& path) {
+    const InputFile file = PV_TRY(openFile(path));
+    auto contents = platform::contentsOfFile(file.descriptor, file.size);
     if (!contents) {
         return Fault{FaultCode::System, std::strerror(errno)};
     }

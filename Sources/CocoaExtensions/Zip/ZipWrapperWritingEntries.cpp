@@ -1,12 +1,11 @@
 // Writing the entries of an archive.
 
-#include <zlib.h>
-
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <utility>
 
+#include "Platform/Foundation/Checksum.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Log.h"
@@ -54,11 +53,6 @@ bool refuse(const std::string& cause) {
     return false;
 }
 
-std::uint32_t checksumOf(std::uint32_t checksum, std::span<const std::byte> bytes) {
-    return static_cast<std::uint32_t>(
-        crc32_z(checksum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
-}
-
 /// The checksum of a file, read piece by piece; that of no bytes when it does not open. Nothing
 /// when it can't be read to its end.
 std::optional<std::uint32_t> checksumOfFile(const std::string& path) {
@@ -74,7 +68,8 @@ std::optional<std::uint32_t> checksumOfFile(const std::string& path) {
     std::uint32_t checksum = 0;
     std::int64_t count = 0;
     while ((count = stream->read(buffer)) > 0) {
-        checksum = checksumOf(checksum, std::span(buffer).first(static_cast<std::size_t>(count)));
+        checksum = platform::checksumOfBytes(
+            checksum, std::span(buffer).first(static_cast<std::size_t>(count)));
     }
     stream->close();
     return count == 0 ? std::optional(checksum) : std::nullopt;
@@ -237,7 +232,7 @@ bool ZipWrapper::takeContents(OutgoingEntry& entry,
             return false;
         }
         entry.dataSize = entry.bytes->size();
-        entry.header.DataDescriptor.CRC32 = checksumOf(0, entry.bytes->span());
+        entry.header.DataDescriptor.CRC32 = platform::checksumOfBytes(0, entry.bytes->span());
     }
     if (entry.dataSize > kLargest) {
         return refuse("is larger than an archive can be");
