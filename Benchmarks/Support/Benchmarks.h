@@ -37,6 +37,9 @@ void addNavigationBenchmarks(Report& report);
 /// The clean-up of imported text.
 void addImportBenchmarks(Report& report);
 
+/// PDF files, beside a library alone.
+void addPdfBenchmarks(Report& report);
+
 /// Segments of one language, beside the libraries below.
 void addSegmentationBenchmarks(Report& report);
 

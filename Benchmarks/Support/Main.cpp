@@ -72,6 +72,7 @@ int main(int argc, char** argv) {
     bench::addNavigationBenchmarks(report);
     bench::addSegmentationBenchmarks(report);
     bench::addImportBenchmarks(report);
+    bench::addPdfBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);
     Collector collector(report);

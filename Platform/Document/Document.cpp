@@ -78,8 +78,8 @@ void Document::undoManagerDid(UndoEvent event) {
 bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
     // A wrapper takes a link as a link; a document is what the link leads to.
     const auto wrapper = FileWrapper::initWithPath(
-        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()), error,
-        FileReading::WhenAsked);
+        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()),
+        FileReading::WhenAsked, error);
     return wrapper != nullptr && readFromFileWrapper(wrapper, ofType, error);
 }
 

@@ -176,9 +176,10 @@ public:
     /// class leaves both aside but the type.
     ///
     /// Selector: writeToURL:ofType:forSaveOperation:originalContentsURL:error:
-    [[nodiscard]] virtual bool writeToURLForSaveOperation(
-        const URL& url, const std::string& ofType, SaveOperation forSaveOperation,
-        const std::optional<URL>& originalContentsURL, ErrorLocation error);
+    [[nodiscard]] virtual bool writeToURL(const URL& url, const std::string& ofType,
+                                          SaveOperation forSaveOperation,
+                                          const std::optional<URL>& originalContentsURL,
+                                          ErrorLocation error);
 
     /// Writes the document to `url`. This class writes the file wrapper, whose name follows.
     ///

@@ -184,12 +184,12 @@ bool Document::writeSafelyToURL(const URL& url, const std::string& ofType,
         return refuse(errno);
     }
     const URL beside = URL::fileURLWithPath(staged.path());
-    return writeToURLForSaveOperation(beside, ofType, forSaveOperation, fileURL_, error) &&
+    return writeToURL(beside, ofType, forSaveOperation, fileURL_, error) &&
            (staged.putInPlace() || refuse(errno));
 }
 
-bool Document::writeToURLForSaveOperation(const URL& url, const std::string& ofType, SaveOperation,
-                                          const std::optional<URL>&, ErrorLocation error) {
+bool Document::writeToURL(const URL& url, const std::string& ofType, SaveOperation,
+                          const std::optional<URL>&, ErrorLocation error) {
     return writeToURL(url, ofType, error);
 }
 

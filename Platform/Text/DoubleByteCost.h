@@ -12,7 +12,7 @@
 
 namespace platform {
 
-enum class DoubleByteEncoding : std::uint8_t { ShiftJis, EucJp, Gbk, Big5, EucKr };
+enum class DoubleByteEncoding : std::uint8_t { ShiftJis, EucJp, Gbk, Big5, EucKr, Johab };
 
 /// Returns the cost of `bytes` as text in `encoding`. A byte of ASCII that is a character costs
 /// kAsciiCost; half a character at the end costs nothing.

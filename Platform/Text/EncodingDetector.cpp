@@ -11,6 +11,7 @@
 #include "Platform/Text/AlphabetCost.h"
 #include "Platform/Text/CodePageConverter.h"
 #include "Platform/Text/DoubleByteCost.h"
+#include "Platform/Text/Johab.h"
 #include "Platform/Text/LanguageScores.h"
 #include "Platform/Text/LanguageText.h"
 
@@ -55,6 +56,7 @@ constexpr Candidate kCandidates[] = {
     {"windows-950", 1.5F, DoubleByteEncoding::Big5},
     {"windows-949", 2, DoubleByteEncoding::EucKr},
     {"euc-jp", 2, DoubleByteEncoding::EucJp},
+    {kJohabName, 4, DoubleByteEncoding::Johab},
 };
 
 /// A candidate, the text that it makes of the sample, and what speaks against it.
@@ -65,6 +67,9 @@ struct Reading {
 };
 
 constexpr std::size_t kMostSample = 4096;
+
+// Its signs and Chinese characters are those of Johab.
+constexpr char kOfJohabsSigns[] = "windows-949";
 
 bool isBeyondAscii(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
@@ -94,17 +99,6 @@ std::string sampleOf(std::string_view bytes) {
         position = end;
     }
     return sample;
-}
-
-std::u16string textOf(std::string_view bytes, const char* name) {
-    if (name == kUtf8Name) {
-        return utf16FromUtf8Lossy(bytes);
-    }
-    std::u16string text;
-    if (const auto converter = CodePageConverter::converterNamed(name)) {
-        converter->append(text, bytes);
-    }
-    return text;
 }
 
 float evidenceIn(std::u16string_view text, Script script) {
@@ -176,8 +170,12 @@ float languageEvidence(std::u16string_view text) {
 /// none.
 std::optional<float> costOf(const Candidate& candidate, std::string_view sample,
                             std::u16string_view text) {
+    const auto damages =
+        static_cast<float>(std::count(text.begin(), text.end(), kReplacementCharacter));
     if (candidate.doubleBytes) {
-        return candidate.cost + doubleByteCost(sample, *candidate.doubleBytes);
+        constexpr float kFreePlace = 5;
+        return candidate.cost + doubleByteCost(sample, *candidate.doubleBytes) +
+               kFreePlace * damages;
     }
     const float cost = candidate.cost + alphabetCost(text);
     if (candidate.name != kUtf8Name) {
@@ -185,19 +183,17 @@ std::optional<float> costOf(const Candidate& candidate, std::string_view sample,
     }
     // Damage happens to a text; a character that no text has does not.
     constexpr float kRelief = 4;
-    const auto damages = std::count(text.begin(), text.end(), kReplacementCharacter);
     const bool hasSoundForm = std::any_of(text.begin(), text.end(), [](char16_t unit) {
         return unit >= 0x80 && unit != kReplacementCharacter;
     });
-    return hasSoundForm ? std::optional(cost - kRelief * static_cast<float>(damages))
-                        : std::nullopt;
+    return hasSoundForm ? std::optional(cost - kRelief * damages) : std::nullopt;
 }
 
 /// What the candidates make of the sample; of those that read it alike the likeliest.
 std::vector<Reading> readingsOf(std::string_view sample) {
     std::vector<Reading> readings;
     for (const Candidate& candidate : kCandidates) {
-        std::u16string text = textOf(sample, candidate.name);
+        std::u16string text = textInEncoding(sample, candidate.name);
         const auto cost = costOf(candidate, sample, text);
         if (text.empty() || !cost) {
             continue;
@@ -234,6 +230,24 @@ const char* likeliestEncoding(std::string_view bytes) {
         reading.cost -= languageEvidence(reading.text);
     }
     return std::min_element(readings.begin(), readings.end(), isLikelier)->candidate->name;
+}
+
+std::u16string textInEncoding(std::string_view bytes, const char* name) {
+    const bool isJohab = name == kJohabName;
+    const auto converter = name == kUtf8Name
+                               ? nullptr
+                               : CodePageConverter::converterNamed(isJohab ? kOfJohabsSigns : name);
+    if (converter == nullptr) {
+        return utf16FromUtf8Lossy(bytes);
+    }
+    std::u16string text;
+    text.reserve(bytes.size());
+    if (isJohab) {
+        appendJohab(text, bytes, *converter);
+    } else {
+        converter->append(text, bytes);
+    }
+    return text;
 }
 
 }  // namespace platform

@@ -7,18 +7,25 @@
 
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace platform {
 
-/// What likeliestEncoding answers for UTF-8 with damage.
+// Two names that the Unicode library is not asked for: UTF-8 with damage, and the Korean code page
+// 1361.
 inline constexpr char kUtf8Name[] = "utf-8";
+inline constexpr char kJohabName[] = "johab";
 
-/// Returns the name of the likeliest encoding, for CodePageConverter; windows-1252 when nothing
-/// speaks for another.
+/// Returns the name of the likeliest encoding; windows-1252 when nothing speaks for another.
 ///
 /// At most 4,096 bytes are looked at, those around the first bytes beyond ASCII; finding them takes
 /// time that is linear in the bytes.
 [[nodiscard]] const char* likeliestEncoding(std::string_view bytes);
+
+/// Returns the text of `bytes` in an encoding, with U+FFFD for what is no character.
+///
+/// Requires: `name` is what likeliestEncoding has answered, or one of the names above.
+[[nodiscard]] std::u16string textInEncoding(std::string_view bytes, const char* name);
 
 }  // namespace platform

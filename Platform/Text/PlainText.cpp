@@ -93,17 +93,6 @@ bool isDamagedUtf8(std::string_view bytes) {
     return forms >= kFormsToBroken * broken;
 }
 
-std::u16string textInEncoding(std::string_view bytes, const char* name) {
-    std::u16string text;
-    const auto converter = CodePageConverter::converterNamed(name);
-    if (name == kUtf8Name || converter == nullptr) {
-        return utf16FromUtf8Lossy(bytes);
-    }
-    text.reserve(bytes.size());
-    converter->append(text, bytes);
-    return text;
-}
-
 }  // namespace
 
 Result<std::u16string> plainTextFromBytes(std::string_view bytes) {

@@ -32,11 +32,23 @@ Result<std::shared_ptr<const TextAttachment>> TextAttachment::fromArchived(
         new TextAttachment(std::move(archived), std::move(file)));
 }
 
+std::shared_ptr<const TextAttachment> TextAttachment::ofUnreadFile(
+    std::shared_ptr<const FileWrapper> fileWrapper) {
+    return std::shared_ptr<const TextAttachment>(new TextAttachment(std::move(fileWrapper)));
+}
+
+const std::optional<Data>& TextAttachment::file() const {
+    if (unread_ != nullptr) {
+        std::call_once(isTakenOver_, [this] { file_ = serializedRepresentationOf(*unread_); });
+    }
+    return file_;
+}
+
 std::shared_ptr<FileWrapper> TextAttachment::fileWrapper() const {
-    if (!file_) {
+    if (!file()) {
         return nullptr;
     }
-    auto wrapper = fileWrapperFromSerializedRepresentation(*file_);
+    auto wrapper = fileWrapperFromSerializedRepresentation(*file());
     return wrapper ? std::move(wrapper).value() : nullptr;
 }
 
@@ -46,9 +58,9 @@ std::shared_ptr<const ArchivedClassNames> TextAttachment::ownClass() const {
 
 void TextAttachment::encodeFields(KeyedArchiver& coder) const {
     Value wrapper;
-    if (file_) {
+    if (file()) {
         wrapper = Value(OpaqueObject::make({"NSFileWrapper", "NSObject"},
-                                           {{kFileWrapperData, *file_, FieldForm::Reference}}));
+                                           {{kFileWrapperData, *file(), FieldForm::Reference}}));
     }
     coder.encodeObject(wrapper, kFileWrapper);
     coder.encodeObject(Value(), "NSCell");

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -29,6 +30,11 @@ public:
     /// Selector: initWithFileWrapper:
     explicit TextAttachment(const FileWrapper* fileWrapper);
 
+    /// Returns an attachment of a tree that is taken over when its file is first asked for; nobody
+    /// else may use it from now on.
+    [[nodiscard]] static std::shared_ptr<const TextAttachment> ofUnreadFile(
+        std::shared_ptr<const FileWrapper> fileWrapper);
+
     /// Returns the attachment that `archived` is; also one without a file, or with one in no known
     /// form. Costs nothing of the budget.
     static Result<std::shared_ptr<const TextAttachment>> fromArchived(
@@ -44,11 +50,17 @@ private:
     TextAttachment(std::shared_ptr<const OpaqueObject> archived, std::optional<Data> file)
         : PreservedObject(std::move(archived)), file_(std::move(file)) {}
 
+    explicit TextAttachment(std::shared_ptr<const FileWrapper> unread)
+        : unread_(std::move(unread)) {}
+
     [[nodiscard]] std::shared_ptr<const ArchivedClassNames> ownClass() const override;
     void encodeFields(KeyedArchiver& coder) const override;
+    [[nodiscard]] const std::optional<Data>& file() const;
 
-    /// The tree of wrappers, serialized.
-    std::optional<Data> file_;
+    /// The tree of wrappers, serialized; when there is an unread one, once that was taken over.
+    mutable std::optional<Data> file_;
+    std::shared_ptr<const FileWrapper> unread_;
+    mutable std::once_flag isTakenOver_;
 };
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 
 #include "Platform/Text/PlainText.h"
 #include "Platform/Text/RtfReader.h"
+#include "Platform/Text/RtfdReader.h"
 #include "Platform/Text/TextFormat.h"
 
 namespace platform {
@@ -16,6 +17,9 @@ Result<AttributedString> attributedStringFromData(const Data& data) {
             return AttributedString(PV_TRY(plainTextFromBytes(data.view())));
         case TextFormat::Rtf:
             return attributedStringFromRtf(data);
+        case TextFormat::FlatRtfd:
+            return attributedStringFromFlatRtfd(data);
+        case TextFormat::Pdf:
         case TextFormat::Binary:
             return Fault{FaultCode::Unsupported, "no text: " + std::string(name)};
         default:

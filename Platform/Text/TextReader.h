@@ -1,7 +1,8 @@
 // Makes attributed text of a file's bytes, whatever format they have.
 //
-// The format is found in the bytes themselves (TextFormat.h). Known today: RTF (RtfReader.h), and
-// plain text in whatever encoding (PlainText.h). Stateless; any thread at once.
+// The format is found in the bytes themselves (TextFormat.h). Known today: RTF (RtfReader.h), RTFD
+// in one run of bytes (RtfdReader.h), and plain text in whatever encoding (PlainText.h). Stateless;
+// any thread at once.
 
 #pragma once
 
@@ -13,7 +14,7 @@ namespace platform {
 
 /// Returns the text that `data` holds, or a Fault when it is in no known format.
 ///
-/// PDF, flat RTFD and HTML are Unsupported, and so are pictures, archives and other data that is no
+/// PDF and HTML are Unsupported, and so are pictures, archives and other data that is no
 /// text; XML and other markup is plain text.
 ///
 /// It is what the platform's readFromData:options:documentAttributes:error: does without options.

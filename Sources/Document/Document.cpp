@@ -6,10 +6,12 @@
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/KeyedUnarchiver.h"
 #include "Platform/Foundation/TypeRegistry.h"
+#include "Platform/Text/RtfdReader.h"
 #include "Platform/Text/TextReader.h"
 #include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 #include "Sources/TextImport/ImportUtils.h"
+#include "Sources/TextImport/PDFImporter.h"
 
 namespace parlavox {
 
@@ -26,6 +28,7 @@ using platform::Value;
 namespace {
 
 constexpr char kPdfType[] = "com.adobe.pdf";
+constexpr char kRtfdType[] = "com.apple.rtfd";
 
 /// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
 std::optional<Data> contentsOfMember(const ZipWrapper& archive, std::string_view name) {
@@ -149,11 +152,28 @@ void Document::readText(const FileWrapper& member) {
     }
 }
 
+bool Document::readFromFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
+                                   const std::string& ofType, ErrorLocation error) {
+    if (!TypeRegistry::typeConformsToType(ofType, kRtfdType)) {
+        return platform::Document::readFromFileWrapper(wrapper, ofType, error);
+    }
+    const auto text = platform::attributedStringFromRtfd(*wrapper);
+    if (!text) {
+        noteFailure(text.fault().detail);
+        return false;
+    }
+    replaceRealStorageWithAttributedString(cleanedImport(text.value()));
+    setEditing(Editing::No);
+    return true;
+}
+
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
     if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
-        // FIXME: extract the pages' text.
-        noteFailure("PDF is not read yet");
-        return false;
+        auto text = PDFImporter::createStringFromPDFData(data);
+        if (text) {
+            replaceRealStorageWithAttributedString(*std::move(text));
+        }
+        return text.has_value();
     }
     auto text = platform::attributedStringFromData(data);
     if (!text) {

@@ -82,6 +82,14 @@ public:
     [[nodiscard]] bool readFromURL(const platform::URL& url, const std::string& ofType,
                                    platform::ErrorLocation error) override;
 
+    /// Imports the text of an RTFD folder, which leaves the document not editing; all else is for
+    /// the base class. A folder that can't be imported leaves no error.
+    ///
+    /// Selector: readFromFileWrapper:ofType:error:
+    [[nodiscard]] bool readFromFileWrapper(const std::shared_ptr<platform::FileWrapper>& wrapper,
+                                           const std::string& ofType,
+                                           platform::ErrorLocation error) override;
+
     /// Imports text from bytes in whatever format they are. Never leaves an error.
     ///
     /// Selector: readFromData:ofType:error:
@@ -180,6 +188,8 @@ public:
     void setWindowSize(WindowSize size) { windowSize_ = size; }
 
     // Saving.
+
+    using platform::Document::writeToURL;
 
     /// Writes a package with the templates, the settings and the header, all stored; not the text,
     /// by intention. Never leaves an error. Other types are written as the base class does.

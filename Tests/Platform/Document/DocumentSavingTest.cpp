@@ -46,6 +46,7 @@ public:
     bool canAsynchronouslyWriteToURL(const URL&, const std::string&, SaveOperation) const override {
         return isAsynchronous;
     }
+    using Document::writeToURL;
     bool writeToURL(const URL& url, const std::string& type, ErrorLocation error) override {
         writer = std::this_thread::get_id();
         const bool isWritten = Document::writeToURL(url, type, error);

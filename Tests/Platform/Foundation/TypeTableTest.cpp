@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndPlainText) {
+TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndTexts) {
     std::vector<std::string_view> taken;
     for (const TypeRow& row : kTypeTable) {
         if (row.taken == TakenByImporter::Yes) {
@@ -21,6 +21,10 @@ TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndPlainText) {
         "public.utf8-plain-text",
         "public.utf16-plain-text",
         "public.utf16-external-plain-text",
+        "public.rtf",
+        "com.apple.rtfd",
+        "com.apple.flat-rtfd",
+        "com.adobe.pdf",
         "com.brightmill.parlavox.parlavox",
         "com.fernleaf.scribo.scribo",
     };

@@ -73,6 +73,12 @@ TEST(DoubleByteCost, EachEncodingIsCheapestForItsOwnText) {
         {DoubleByteEncoding::EucKr,
          "\xB5\xEE\xB4\xEB\xC1\xF6\xB1\xE2\xB4\xC2 \xB8\xC5\xC0\xCF \xB0\xE8\xB4\xDC\xC0\xBB "
          "\xBF\xC3\xB6\xF3\xB0\xAC\xBD\xC0\xB4\xCF\xB4\xD9."},
+        {DoubleByteEncoding::Johab,
+         "\x97w\x94\x81\xBB\xA1\x8B\xA1\x93"
+         "e \xA0\x81\xB7\xA9 \x89\x81\x94"
+         "e\xB7i \xB5\xA9\x9C"
+         "a\x88v\xAFs\x93\xA1\x94"
+         "a."},
     };
     for (const Row& own : kRows) {
         SCOPED_TRACE(static_cast<int>(own.encoding));

@@ -79,7 +79,8 @@ TEST(EncodingDetector, FindsTheEncodingOfASentence) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(std::string(row.encoding) + ": " + utf8FromUtf16(row.text));
         const std::string bytes = encoded(row.text, row.encoding);
-        EXPECT_EQ(utf8FromUtf16(decoded(bytes, likeliestEncoding(bytes))), utf8FromUtf16(row.text));
+        EXPECT_EQ(utf8FromUtf16(textInEncoding(bytes, likeliestEncoding(bytes))),
+                  utf8FromUtf16(row.text));
     }
 }
 
@@ -119,7 +120,7 @@ TEST(EncodingDetector, FindsTheEncodingsOfEastAsia) {
         SCOPED_TRACE(row.encoding);
         const char* const encoding = likeliestEncoding(row.bytes);
         EXPECT_STREQ(encoding, row.encoding);
-        EXPECT_EQ(utf8FromUtf16(decoded(row.bytes, encoding)), utf8FromUtf16(row.text));
+        EXPECT_EQ(utf8FromUtf16(textInEncoding(row.bytes, encoding)), utf8FromUtf16(row.text));
     }
 }
 
@@ -157,9 +158,7 @@ TEST(EncodingDetector, AnswersForAnyBytes) {
     }
     for (std::size_t length = 0; length <= all.size(); length++) {
         const char* const name = likeliestEncoding(std::string_view(all).substr(0, length));
-        EXPECT_TRUE(name == std::string_view(kUtf8Name) ||
-                    CodePageConverter::converterNamed(name) != nullptr)
-            << name;
+        EXPECT_LE(textInEncoding(std::string_view(all).substr(0, length), name).size(), length);
     }
 }
 
