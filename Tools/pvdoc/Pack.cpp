@@ -44,6 +44,9 @@ Result<AttributedString> markedUpText(const std::string& source, const Data& con
 /// The text of a document, or of what its bytes or its name tell to be something else than plain
 /// text, as it is imported; that of plain text with its marks obeyed.
 Result<AttributedString> textOf(const std::string& source) {
+    if (isFolder(source)) {
+        return textOfFile(source);
+    }
     const Data contents = PV_TRY(readFile(source));
     const bool isPlain =
         !parlavox::isPackageType(typeOfFile(source, contents).identifier) &&

@@ -28,7 +28,6 @@ using parlavox::ZipWrapper;
 using platform::Fault;
 using platform::FaultCode;
 using platform::FileManager;
-using platform::FileWrapper;
 using platform::Outcome;
 using platform::Result;
 

@@ -214,7 +214,7 @@ TEST_F(PvdocArchives, RefuseWhatTheyCannotHold) {
 }
 
 TEST_F(PvdocArchives, AreNotTakenWhenTheyAreDangerousOrDamaged) {
-    const auto archiveOf = [](std::vector<std::string> names) {
+    const auto archiveOf = [](const std::vector<std::string>& names) {
         samples::ZipBuilder zip;
         for (const std::string& name : names) {
             zip.add(name, "contents");

@@ -150,11 +150,13 @@ TEST_F(PvdocSaving, ExportsTheTextWithoutTags) {
 TEST_F(PvdocSaving, PacksAnyImportedFileAndObeysMarksInPlainTextAlone) {
     ASSERT_TRUE(pack(packing(source, disk.path("first.parlavox"))));
     disk.write("marks.rtf", "{\\rtf1 {\\b bold} \\{\\{underline\\}\\}}");
+    disk.write("folder.rtfd/TXT.rtf", "{\\rtf1 in a folder}");
     const struct {
         const char* source;
         std::u16string text;
         std::size_t runs;
     } kRows[] = {
+        {"folder.rtfd", u"in a folder", 1},
         {"first.parlavox", u"Gr\u00FC\u00DFe und\n", 4},
         {"marks.rtf", u"bold {{underline}}", 2},
         {"in.txt", u"Gr\u00FC\u00DFe und\n", 4},
