@@ -41,7 +41,7 @@ Result<Data> readStandardInput() {
 }  // namespace
 
 Result<std::shared_ptr<Document>> documentOfFile(const std::string& path) {
-    const std::string type = typeOfFile(path, PV_TRY(readFile(path))).identifier;
+    const std::string type = typeOfFile(path, PV_TRY(readDocumentFile(path))).identifier;
     platform::clearFailure();
     auto document = Document::init();
     if (!document->readFromURL(platform::URL::fileURLWithPath(path), type, nullptr)) {
