@@ -19,6 +19,9 @@ void addRtfBenchmarks(Report& report);
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
 
+/// Archives written, beside three other libraries.
+void addZipWritingBenchmarks(const Packages& packages, Report& report);
+
 /// Plain text in several encodings, beside loops that only widen or copy it.
 void addPlainTextBenchmarks(Report& report);
 

@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
     bench::addArchiveBenchmarks(report);
     bench::addRtfBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
+    bench::addZipWritingBenchmarks(packages, report);
     bench::addPlainTextBenchmarks(report);
     bench::addEnumerationBenchmarks(report);
     bench::addLanguageBenchmarks(report);

@@ -66,7 +66,9 @@ public:
         }
         std::vector<FileWrapperEntry> children;
         for (const std::string& name : PV_TRY(namesIn(path))) {
-            const std::string childPath = path + (path.ends_with('/') ? "" : "/") + name;
+            std::string childPath = path;
+            childPath += path.ends_with('/') ? "" : "/";
+            childPath += name;
             if (const char* const reason = whyNotToBeFound(name)) {
                 return Fault{FaultCode::Unsupported, childPath + ": " + reason};
             }

@@ -24,7 +24,6 @@ using parlavox::ZipWrapper;
 using platform::Fault;
 using platform::FaultCode;
 using platform::Outcome;
-using platform::Result;
 
 namespace {
 

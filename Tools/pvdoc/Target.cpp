@@ -10,6 +10,7 @@
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/PathString.h"
 #include "Platform/Foundation/StagedItem.h"
 
 namespace pvdoc {
@@ -69,8 +70,11 @@ Fault inFile(std::string_view path, const Fault& fault) {
 }
 
 std::string withoutPath(std::string_view path, std::string_view cause) {
-    if (!path.empty() && cause.starts_with(path) && cause.substr(path.size()).starts_with(": ")) {
-        cause.remove_prefix(path.size() + 2);
+    const std::string folder = platform::stringByDeletingLastPathComponent(path) + '/';
+    const std::string name = platform::lastPathComponent(path) + ": ";
+    const std::size_t place = cause.find(name);
+    if (!path.empty() && cause.starts_with(folder) && place != std::string_view::npos) {
+        cause.remove_prefix(place + name.size());
     }
     return std::string(cause);
 }

@@ -30,7 +30,8 @@ platform::Outcome writeBeside(const std::string& path, const Writing& write);
 /// Returns the fault with the name of its file in front.
 [[nodiscard]] platform::Fault inFile(std::string_view path, const platform::Fault& fault);
 
-/// Returns `cause` without the name of the file at `path` in front of it.
+/// Returns `cause` without the path in front of it that leads to the file at `path`, or to one of
+/// its name that is made beside it.
 [[nodiscard]] std::string withoutPath(std::string_view path, std::string_view cause);
 
 /// Returns the cause of the thread's last failure, `otherwise` when nobody has noted one, without

@@ -41,7 +41,6 @@ constexpr unsigned kDeepestFolder = 1000;
 // Host 3, Unix, and zip 2.3; what extracts it needs to know only the first version, by intention.
 constexpr std::uint16_t kVersionPacked = 0x0317;
 constexpr std::uint16_t kVersionToExtract = 10;
-constexpr std::uint16_t kStored = 0;
 constexpr std::uint16_t kDeflated = 8;
 
 // Unix modes 040755 and 0100644 in the upper half.

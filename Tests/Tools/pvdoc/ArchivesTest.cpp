@@ -89,6 +89,18 @@ TEST_F(PvdocArchives, ComeBackAtEveryLevel) {
     }
 }
 
+TEST_F(PvdocArchives, OfLargeFilesComeBack) {
+    disk.write("in/large", std::string(std::size_t{11} * 1024 * 1024, 'l') + "end");
+    disk.write("in/empty", "");
+    for (const std::uint32_t level : {0U, 1U}) {
+        SCOPED_TRACE(level);
+        zipAt(level);
+        const std::string folder = disk.path("out" + std::to_string(level));
+        ASSERT_TRUE(unzipped(disk.path("a.zip"), folder));
+        EXPECT_TRUE(test::treeOf(folder) == listed(test::treeOf(disk.path("in"))));
+    }
+}
+
 TEST_F(PvdocArchives, AreReadEquallyByOthers) {
     writeTree(300);
     const Tree wanted = listed(test::treeOf(disk.path("in")));

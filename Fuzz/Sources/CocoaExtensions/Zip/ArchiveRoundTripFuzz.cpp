@@ -24,7 +24,7 @@ using Tree = std::map<std::string, std::string>;
 
 constexpr std::uint8_t kLevels = 10;
 constexpr unsigned kDeepestFolder = 40;
-constexpr std::size_t kMostBytes = 1U << 20U;
+constexpr std::size_t kMostBytes = 1U << 16U;
 
 /// Takes the input apart; it goes on with zeros where the input ends.
 class Description {
