@@ -154,7 +154,9 @@ public:
     ///
     /// After a save to the document's own file, or one that makes a file its own, the document
     /// belongs to the file and has no changes but those that were made since; autosaving elsewhere
-    /// only notes the place. A failed save leaves all that as it was, and always has an error.
+    /// only notes the place. A failed save leaves all that as it was, and always has an error. The
+    /// event ends with the beginning of a save. What writing throws comes out where the save ends,
+    /// and the handler is not called then.
     ///
     /// A save that is not asynchronous has ended when this returns. Otherwise this returns as soon
     /// as the document may be changed again, and the main queue ends the save, which keeps the
@@ -269,7 +271,7 @@ private:
 
     void undoManagerDid(UndoEvent event);
     void begin(std::shared_ptr<Saving> saving);
-    void beginOnThread(const std::shared_ptr<Saving>& saving);
+    void beginOnThread(std::shared_ptr<Saving> saving);
     void write(Saving& saving);
     void end(Saving& saving);
     void takeOver(const Saving& saving);
@@ -279,7 +281,8 @@ private:
     std::optional<Date> fileModificationDate_;
     std::optional<URL> autosavedContentsFileURL_;
     Changes changes_;
-    /// While a save writes them: the changes that the file does not hold yet.
+    /// While a save writes them: the changes that the file does not hold yet. Whether the contents
+    /// have left the old file is kept here, for the case that the save fails.
     std::optional<Changes> savedChanges_;
     bool isSaving_ = false;
     std::deque<std::shared_ptr<Saving>> waitingSaves_;

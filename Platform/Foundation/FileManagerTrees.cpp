@@ -180,17 +180,16 @@ bool FileManager::copyItemAtPath(const std::string& path, const std::string& toP
 
 bool FileManager::copyTree(const std::string& path, const std::string& toPath) const {
     struct stat info = {};
-    bool isCopied = false;
-    if (::lstat(path.c_str(), &info) == 0) {
-        if (S_ISDIR(info.st_mode)) {
-            return copyFolder(path, toPath);
-        }
-        if (S_ISREG(info.st_mode) || S_ISLNK(info.st_mode)) {
-            isCopied = S_ISLNK(info.st_mode) ? copyLink(path, toPath) : copyFile(path, toPath);
-        } else {
-            errno = EINVAL;
-        }
+    if (::lstat(path.c_str(), &info) != 0) {
+        return shouldProceedAfterError(notedError(errno, path));
     }
+    if (S_ISDIR(info.st_mode)) {
+        return copyFolder(path, toPath);
+    }
+    if (!S_ISREG(info.st_mode) && !S_ISLNK(info.st_mode)) {
+        return shouldProceedAfterError(notedError(EINVAL, path));
+    }
+    const bool isCopied = S_ISLNK(info.st_mode) ? copyLink(path, toPath) : copyFile(path, toPath);
     return isCopied || shouldProceedAfterError(notedError(errno, toPath));
 }
 

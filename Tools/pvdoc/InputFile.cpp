@@ -8,6 +8,9 @@
 #include <utility>
 
 #include "Platform/Foundation/FileContents.h"
+#include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/PathString.h"
+#include "Platform/Foundation/TypeRegistry.h"
 
 namespace pvdoc {
 
@@ -36,6 +39,16 @@ Result<Data> readFile(const std::string& path) {
         return Fault{FaultCode::System, std::strerror(errno)};
     }
     return *std::move(contents);
+}
+
+Result<Data> readDocumentFile(const std::string& path) {
+    const auto types =
+        platform::TypeRegistry::typesForFilenameExtension(platform::pathExtension(path));
+    const bool isPackage = !types.empty() && platform::TypeRegistry::typeConformsToType(
+                                                 types.front(), "com.apple.package");
+    const auto attributes = platform::FileManager::defaultManager().attributesOfItemAtPath(path);
+    const bool isFolder = attributes && attributes->type == platform::FileType::Directory;
+    return isPackage && isFolder ? Data() : readFile(path);
 }
 
 }  // namespace pvdoc

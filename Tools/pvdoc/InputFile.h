@@ -24,4 +24,8 @@ platform::Result<InputFile> openFile(const std::string& path);
 /// Returns the bytes of the regular file at `path`, or a Fault as above.
 platform::Result<platform::Data> readFile(const std::string& path);
 
+/// Returns the bytes of a document: as readFile, but none for a folder that is called as a document
+/// is that is a folder.
+platform::Result<platform::Data> readDocumentFile(const std::string& path);
+
 }  // namespace pvdoc

@@ -8,6 +8,7 @@
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/PathString.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Text/TextFormat.h"
 #include "Platform/Text/TextReader.h"
 #include "Sources/Document/PackageFormat.h"
@@ -44,12 +45,11 @@ Result<AttributedString> markedUpText(const std::string& source, const Data& con
 /// The text of a document, or of what its bytes or its name tell to be something else than plain
 /// text, as it is imported; that of plain text with its marks obeyed.
 Result<AttributedString> textOf(const std::string& source) {
-    if (isFolder(source)) {
-        return textOfFile(source);
-    }
-    const Data contents = PV_TRY(readFile(source));
+    const Data contents = PV_TRY(readDocumentFile(source));
+    const std::string type = typeOfFile(source, contents).identifier;
     const bool isPlain =
-        !parlavox::isPackageType(typeOfFile(source, contents).identifier) &&
+        !parlavox::isPackageType(type) &&
+        platform::TypeRegistry::typeConformsToType(type, "public.data") &&
         platform::textFormatOfBytes(contents.view()).format == platform::TextFormat::Plain;
     return isPlain ? markedUpText(source, contents) : textOfFile(source);
 }

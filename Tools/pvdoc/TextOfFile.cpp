@@ -7,9 +7,6 @@
 #include <cstring>
 
 #include "Platform/Foundation/Failure.h"
-#include "Platform/Foundation/FileManager.h"
-#include "Platform/Foundation/PathString.h"
-#include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Text/TextReader.h"
 #include "Tools/pvdoc/FileType.h"
 #include "Tools/pvdoc/InputFile.h"
@@ -41,27 +38,10 @@ Result<Data> readStandardInput() {
     }
 }
 
-/// The type of a folder by its name, that of a file by its name or its bytes.
-Result<std::string> typeAt(const std::string& path) {
-    if (isFolder(path)) {
-        const auto types =
-            platform::TypeRegistry::typesForFilenameExtension(platform::pathExtension(path));
-        if (!types.empty()) {
-            return std::string(types.front());
-        }
-    }
-    return typeOfFile(path, PV_TRY(readFile(path))).identifier;
-}
-
 }  // namespace
 
-bool isFolder(const std::string& path) {
-    const auto attributes = platform::FileManager::defaultManager().attributesOfItemAtPath(path);
-    return attributes && attributes->type == platform::FileType::Directory;
-}
-
 Result<std::shared_ptr<Document>> documentOfFile(const std::string& path) {
-    const std::string type = PV_TRY(typeAt(path));
+    const std::string type = typeOfFile(path, PV_TRY(readDocumentFile(path))).identifier;
     platform::clearFailure();
     auto document = Document::init();
     if (!document->readFromURL(platform::URL::fileURLWithPath(path), type, nullptr)) {

@@ -11,11 +11,8 @@
 
 namespace pvdoc {
 
-/// Whether a folder, or a link to one, is at `path`; some documents are.
-[[nodiscard]] bool isFolder(const std::string& path);
-
-/// Returns the document of the file or folder at `path`, which may be of any type that the importer
-/// takes. A Fault when it can't be read.
+/// Returns the document of the file at `path`, which may be of any type that the importer takes. A
+/// Fault when it can't be read.
 platform::Result<std::shared_ptr<parlavox::Document>> documentOfFile(const std::string& path);
 
 /// Returns the text of the file at `path`, which may be of any type that the importer takes, or of

@@ -289,7 +289,7 @@ bool ZipWrapper::compress(OutgoingEntry& entry, const std::shared_ptr<FileWrappe
 bool ZipWrapper::writeOutgoingEntry(OutgoingEntry& entry,
                                     const std::shared_ptr<OutputStream>& stream,
                                     std::uint32_t& byteWritten) {
-    if (std::max<std::uint64_t>(entry.end(), byteWritten) > kLargest) {
+    if (entry.end() > kLargest) {
         return refuse("ends beyond what an archive can be");
     }
     entry.header.Signature = kLocalFileHeaderSignature;

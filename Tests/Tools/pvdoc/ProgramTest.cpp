@@ -446,5 +446,26 @@ TEST(Pvdoc, LeavesNoTemporaryFiles) {
     EXPECT_TRUE(temporary.names().empty());
 }
 
+TEST(PvdocExplain, TellsWhichHyphensGoAndWhy) {
+    const std::string path = test::dataPath("pdf/made-de-two-columns.pdf");
+    const auto explained = explain(path);
+    ASSERT_TRUE(explained);
+    EXPECT_TRUE(explained.value().isRead);
+    const std::string& report = explained.value().report;
+    EXPECT_NE(report.find(" words in two parts, "), std::string::npos) << report;
+    EXPECT_NE(report.find("Treuhand- schaft, joined: one word in de\n"), std::string::npos)
+        << report;
+}
+
+TEST(PvdocExplain, TakesADocumentThatIsAFolder) {
+    const std::string path = test::dataPath("rtfd/made-graphic.rtfd");
+    for (const std::string& same : {path, path + "/"}) {
+        const auto explained = explain(same);
+        ASSERT_TRUE(explained);
+        EXPECT_TRUE(explained.value().isRead) << explained.value().report;
+    }
+    EXPECT_FALSE(explain(test::dataPath("rtfd"))) << "any other folder";
+}
+
 }  // namespace
 }  // namespace pvdoc
