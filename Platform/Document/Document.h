@@ -270,8 +270,8 @@ private:
     struct Saving;
 
     void undoManagerDid(UndoEvent event);
-    void begin(std::shared_ptr<Saving> saving);
-    void beginOnThread(std::shared_ptr<Saving> saving);
+    void begin(const std::shared_ptr<Saving>& saving);
+    void beginOnThread(const std::shared_ptr<Saving>& saving);
     void write(Saving& saving);
     void end(Saving& saving);
     void takeOver(const Saving& saving);

@@ -78,11 +78,11 @@ void Document::saveToURL(const URL& url, const std::string& ofType, SaveOperatio
     if (isSaving_) {
         waitingSaves_.push_back(std::move(saving));
     } else {
-        begin(std::move(saving));
+        begin(saving);
     }
 }
 
-void Document::begin(std::shared_ptr<Saving> saving) {
+void Document::begin(const std::shared_ptr<Saving>& saving) {
     isSaving_ = true;
     if (undoManager_ != nullptr) {
         // What was done until now belongs into this file, also in the eyes of those who undo it.
@@ -93,14 +93,14 @@ void Document::begin(std::shared_ptr<Saving> saving) {
         savedChanges_ = std::exchange(changes_, {});
     }
     if (canAsynchronouslyWriteToURL(saving->url, saving->type, saving->operation)) {
-        beginOnThread(std::move(saving));
+        beginOnThread(saving);
         return;
     }
     write(*saving);
     end(*saving);
 }
 
-void Document::beginOnThread(std::shared_ptr<Saving> saving) {
+void Document::beginOnThread(const std::shared_ptr<Saving>& saving) {
     const auto gate = std::make_shared<Gate>();
     // The thread gives away what it holds: the document must not end there.
     const auto writeAndLeaveTheEnd = [gate](std::shared_ptr<Document> document,
@@ -150,9 +150,9 @@ void Document::end(Saving& saving) {
     if (!waitingSaves_.empty()) {
         isSaving_ = true;
         MainQueue::mainQueue().add([self] {
-            auto next = std::move(self->waitingSaves_.front());
+            const auto next = std::move(self->waitingSaves_.front());
             self->waitingSaves_.pop_front();
-            self->begin(std::move(next));
+            self->begin(next);
         });
     }
     if (saving.exception != nullptr) {

@@ -108,6 +108,11 @@ bool copyLink(const std::string& path, const std::string& toPath) {
     return !failure;
 }
 
+std::string itemIn(const std::string& folder, const std::string& name) {
+    std::string path = folder;
+    return path.append("/").append(name);
+}
+
 /// The names in a folder, as far as they can be read.
 std::vector<std::string> namesInFolder(const std::string& path, std::error_code& failure) {
     std::vector<std::string> names;
@@ -161,7 +166,7 @@ bool FileManager::removeTree(const std::string& path) const {
     // Something below it can't be removed; the rest goes.
     if (fs::symlink_status(path, failure).type() == fs::file_type::directory) {
         for (const std::string& name : namesInFolder(path, failure)) {
-            if (!removeTree(path + "/" + name)) {
+            if (!removeTree(itemIn(path, name))) {
                 return false;
             }
         }
@@ -202,7 +207,7 @@ bool FileManager::copyFolder(const std::string& path, const std::string& toPath)
     }
     std::error_code failure;
     for (const std::string& name : namesInFolder(path, failure)) {
-        if (!copyTree(path + "/" + name, toPath + "/" + name)) {
+        if (!copyTree(itemIn(path, name), itemIn(toPath, name))) {
             return false;
         }
     }

@@ -169,11 +169,12 @@ bool Document::readFromFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
 
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
     if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
-        auto text = PDFImporter::createStringFromPDFData(data);
-        if (text) {
-            replaceRealStorageWithAttributedString(*std::move(text));
+        auto pages = PDFImporter::createStringFromPDFData(data);
+        if (!pages) {
+            return false;
         }
-        return text.has_value();
+        replaceRealStorageWithAttributedString(*std::move(pages));
+        return true;
     }
     auto text = platform::attributedStringFromData(data);
     if (!text) {

@@ -21,7 +21,6 @@
 
 namespace parlavox {
 
-using platform::AttributedString;
 using platform::Bundle;
 using platform::Data;
 using platform::Dictionary;

@@ -133,11 +133,10 @@ bool ZipWrapper::writeFileWrappers(const FileWrapperChildren* fileWrappers,
                                    const std::shared_ptr<OutputStream>& outStream,
                                    std::uint32_t& byteWritten, ErrorLocation error) {
     // All broken conditions are reported before any has its effect.
-    const bool hasChildren = zipRequire(fileWrappers != nullptr, "fileWrappers != nil", __LINE__);
-    const bool hasStream = zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
-    const bool hasParent =
-        zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
-    if (!hasChildren || !hasStream || !hasParent) {
+    (void)zipRequire(fileWrappers != nullptr, "fileWrappers != nil", __LINE__);
+    (void)zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
+    (void)zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
+    if (fileWrappers == nullptr || outStream == nullptr || parentFileWrapper == nullptr) {
         return false;
     }
     if (walkDepth_ == kDeepestFolder) {
@@ -165,11 +164,10 @@ bool ZipWrapper::writeFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
                                   const std::optional<std::string>& parentPath,
                                   const std::shared_ptr<OutputStream>& outStream,
                                   std::uint32_t& byteWritten, ErrorLocation error) {
-    const bool hasWrapper = zipRequire(wrapper != nullptr, "wrapper != nil", __LINE__);
-    const bool hasStream = zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
-    const bool hasParent =
-        zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
-    if (!hasWrapper || !hasStream || !hasParent) {
+    (void)zipRequire(wrapper != nullptr, "wrapper != nil", __LINE__);
+    (void)zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
+    (void)zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
+    if (wrapper == nullptr || outStream == nullptr || parentFileWrapper == nullptr) {
         return false;
     }
     auto name = entryNameOf(wrapper, *parentFileWrapper, parentPath);

@@ -15,7 +15,6 @@
 namespace parlavox {
 namespace {
 
-using platform::Data;
 using platform::Error;
 using platform::FileWrapper;
 using platform::URL;

@@ -136,8 +136,8 @@ TEST_F(DocumentWriting, TemplatesAreSavedInFront) {
 
 TEST_F(DocumentWriting, TheHeaderNamesTheProgram) {
     platform::Bundle::setMainBundle("org.example.reader", "3.1");
-    const Value header_ = header(*saved());
-    const Dictionary& header = *header_.dictionary();
+    const Value value = header(*saved());
+    const Dictionary& header = *value.dictionary();
     EXPECT_EQ(header.size(), 5u);
     EXPECT_EQ(header["application"], Value(u"org.example.reader"));
     EXPECT_EQ(header["application_version"], Value(u"3.1"));
@@ -148,9 +148,9 @@ TEST_F(DocumentWriting, TheHeaderNamesTheProgram) {
 }
 
 TEST_F(DocumentWriting, AProgramWithoutANameIsLogged) {
-    const Value header_ = header(*saved());
-    EXPECT_EQ((*header_.dictionary())["application"], Value(u"parlavox"));
-    EXPECT_EQ((*header_.dictionary())["application_version"], Value(u"???"));
+    const Value value = header(*saved());
+    EXPECT_EQ((*value.dictionary())["application"], Value(u"parlavox"));
+    EXPECT_EQ((*value.dictionary())["application_version"], Value(u"???"));
     EXPECT_EQ(logged, (std::vector<std::string>{"Failed to get bundle ID of application.",
                                                 "Failed to get bundle version of application."}));
 }
@@ -175,8 +175,8 @@ TEST_F(DocumentWriting, EachSaveHasADateOfItsOwn) {
         // On this thread, whose clock it is.
         ASSERT_TRUE(document->writeToURL(URL::fileURLWithPath(folder.path("file")), kDocumentType,
                                          nullptr));
-        const Value header_ = header(*ZipWrapper::initWithPath(folder.path("file")));
-        EXPECT_EQ((*header_.dictionary())["created"].date(), platform::Date{seconds});
+        const Value value = header(*ZipWrapper::initWithPath(folder.path("file")));
+        EXPECT_EQ((*value.dictionary())["created"].date(), platform::Date{seconds});
     }
 }
 

@@ -191,14 +191,14 @@ TEST_F(ZipWrapperWriting, EveryRecordHasTheSameVersionAndNoDate) {
 }
 
 TEST_F(ZipWrapperWriting, DeflatesWhatShrinks) {
-    const std::string long_(100'000, 'x');
+    const std::string longText(100'000, 'x');
     const auto delegate = std::make_shared<LevelDelegate>(1);
     const auto archive = ZipWrapper::initDirectoryWithFileWrappers(
-        {{"long", file(long_)}, {"short", file("\x13\x8f\x02")}, {"d", folder({})}});
+        {{"long", file(longText)}, {"short", file("\x13\x8f\x02")}, {"d", folder({})}});
     archive->setDelegate(delegate);
     const Archive written = parsed(bytesOf(archive));
     EXPECT_EQ(written.entries[0].local.CompressionMethod, 8);
-    EXPECT_EQ(written.entries[0].local.DataDescriptor.UncompressedSize, long_.size());
+    EXPECT_EQ(written.entries[0].local.DataDescriptor.UncompressedSize, longText.size());
     EXPECT_LT(written.entries[0].data.size(), 1000u);
     EXPECT_EQ(written.entries[1].local.CompressionMethod, 0);
     EXPECT_EQ(written.entries[1].data, "\x13\x8f\x02");
@@ -206,7 +206,7 @@ TEST_F(ZipWrapperWriting, DeflatesWhatShrinks) {
     EXPECT_EQ(delegate->asked[0].first, archive->fileWrapperForKey("long"));
     EXPECT_EQ(delegate->asked[0].second, archive.get());
     const auto read = ZipWrapper::initWithPath(disk.path("out"));
-    EXPECT_EQ(read->fileWrapperForKey("long")->regularFileContents(), Data::copyOf(long_));
+    EXPECT_EQ(read->fileWrapperForKey("long")->regularFileContents(), Data::copyOf(longText));
 }
 
 TEST_F(ZipWrapperWriting, LevelZeroStores) {
