@@ -16,6 +16,9 @@ void addArchiveBenchmarks(Report& report);
 /// Documents in RTF, beside a loop that strips them.
 void addRtfBenchmarks(Report& report);
 
+/// Pages of HTML, beside the library alone.
+void addHtmlBenchmarks(Report& report);
+
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
 

@@ -64,6 +64,7 @@ int main(int argc, char** argv) {
     bench::addPackageBenchmarks(packages, report);
     bench::addArchiveBenchmarks(report);
     bench::addRtfBenchmarks(report);
+    bench::addHtmlBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
     bench::addZipWritingBenchmarks(packages, report);
     bench::addPlainTextBenchmarks(report);

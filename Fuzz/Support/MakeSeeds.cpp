@@ -30,6 +30,7 @@ bool writeAll(const std::filesystem::path& top) {
            write(text / "language_tagger_fuzz", fuzz::languageSeeds()) &&
            write(text / "pdf_fuzz", fuzz::pdfSeeds()) &&
            write(text / "pdf_layout_fuzz", fuzz::pdfLayoutSeeds()) &&
+           write(text / "html_fuzz", fuzz::htmlSeeds()) &&
            write(text / "rtf_fuzz", fuzz::rtfSeeds()) &&
            write(text / "rtfd_fuzz", fuzz::rtfdSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&

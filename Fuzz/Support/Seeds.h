@@ -40,6 +40,7 @@ struct Seed {
 
 /// Folders with a text in one run of bytes.
 [[nodiscard]] std::vector<Seed> rtfdSeeds();
+[[nodiscard]] std::vector<Seed> htmlSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();

@@ -90,7 +90,7 @@ inline constexpr auto kTypeTable = std::to_array<TypeRow>({
     taken({"public.utf16-external-plain-text", {"public.plain-text"}, {}, {}}),
     {"com.apple.traditional-mac-plain-text", {"public.plain-text"}, {}, {}},
     taken({"public.rtf", {"public.text"}, {"rtf"}, {"text/rtf", "application/rtf"}}),
-    {"public.html", {"public.text"}, {"html", "htm"}, {"text/html"}},
+    taken({"public.html", {"public.text"}, {"html", "htm"}, {"text/html"}}),
     {"public.xml", {"public.text"}, {"xml"}, {"application/xml", "text/xml"}},
 
     // Documents of more than text.

@@ -28,6 +28,7 @@ using platform::Value;
 namespace {
 
 constexpr char kPdfType[] = "com.adobe.pdf";
+constexpr char kHtmlType[] = "public.html";
 constexpr char kRtfdType[] = "com.apple.rtfd";
 
 /// The bytes of the archive's member `name`; nothing when it is missing or no regular file.
@@ -176,7 +177,9 @@ bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLo
         replaceRealStorageWithAttributedString(*std::move(pages));
         return true;
     }
-    auto text = platform::attributedStringFromData(data);
+    const bool isHtml = TypeRegistry::typeConformsToType(ofType, kHtmlType);
+    const auto text = platform::attributedStringFromData(
+        data, isHtml ? platform::TextFormat::Html : platform::TextFormat::Plain);
     if (!text) {
         noteFailure(text.fault().detail);
         return false;

@@ -22,6 +22,7 @@ TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndTexts) {
         "public.utf16-plain-text",
         "public.utf16-external-plain-text",
         "public.rtf",
+        "public.html",
         "com.apple.rtfd",
         "com.apple.flat-rtfd",
         "com.adobe.pdf",

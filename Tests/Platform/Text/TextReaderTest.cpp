@@ -25,11 +25,32 @@ TEST(TextReader, ReadsEachFormat) {
         {"UTF-32 without a mark", "\0\0\0a\0\0\0b"sv, u"ab"},
         {"RTF", "{\\rtf1 words\\par}"sv, u"words\n"},
         {"RTF behind a mark and white space", "\xEF\xBB\xBF\n {\\rtf1 words}"sv, u"words"},
+        {"HTML", "<html><p>words"sv, u"words\n"},
+        {"a piece of a page is text", "<p>words"sv, u"<p>words"},
         {"markup is text", "<?xml version=\"1.0\"?>"sv, u"<?xml version=\"1.0\"?>"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         const auto text = attributedStringFromData(Data::copyOf(row.bytes));
+        ASSERT_TRUE(text) << text.fault().detail;
+        EXPECT_EQ(text.value().string(), row.want);
+    }
+}
+
+TEST(TextReader, ReadsWhatBeginsAsNothingKnownAsIsExpected) {
+    struct Row {
+        const char* name;
+        std::string_view bytes;
+        std::u16string want;
+    };
+    const Row rows[] = {
+        {"a piece of a page", "<p>words"sv, u"words\n"},
+        {"no markup", "a &lt; b"sv, u"a < b"},
+        {"RTF all the same", "{\\rtf1 words}"sv, u"words"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const auto text = attributedStringFromData(Data::copyOf(row.bytes), TextFormat::Html);
         ASSERT_TRUE(text) << text.fault().detail;
         EXPECT_EQ(text.value().string(), row.want);
     }
@@ -43,7 +64,6 @@ TEST(TextReader, RefusesWhatItCannotReadByItsName) {
     };
     constexpr Row kRows[] = {
         {"PDF", "%PDF-1.7\n"sv, "no text: PDF"},
-        {"HTML", "<html>"sv, "HTML is not read yet"},
         {"a picture", "\x89PNG\r\n\x1A\n"sv, "no text: a PNG picture"},
         {"control characters", "\1\2\3\4"sv, "no text: 4 control characters among 4 units"},
     };

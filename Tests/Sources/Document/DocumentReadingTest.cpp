@@ -399,10 +399,21 @@ TEST_F(DocumentReading, RtfIsReadWhateverItsType) {
     }
 }
 
+TEST_F(DocumentReading, HtmlIsReadWhateverItsType) {
+    for (const char* type : {"public.html", "public.plain-text"}) {
+        const Reading reading = read(Data::copyOf("<html><p>caf&eacute;"), type);
+        EXPECT_TRUE(reading.wasRead) << type;
+        EXPECT_EQ(reading.text, u"caf\u00E9\n") << type;
+    }
+}
+
+TEST_F(DocumentReading, APieceOfAPageIsKnownByItsType) {
+    EXPECT_EQ(read(Data::copyOf("<p>words</p>"), "public.html").text, u"words\n");
+    EXPECT_EQ(read(Data::copyOf("<p>words</p>"), "public.plain-text").text, u"<p>words</p>");
+}
+
 TEST_F(DocumentReading, FormatsWithoutAReaderAreRefusedWhateverTheirType) {
     platform::clearFailure();
-    EXPECT_FALSE(read(Data::copyOf("<html>words"), "public.html").wasRead);
-    EXPECT_STREQ(platform::lastFailure(), "HTML is not read yet");
     EXPECT_FALSE(read(Data::copyOf("%PDF-1.7"), "public.plain-text").wasRead);
     EXPECT_STREQ(platform::lastFailure(), "no text: PDF");
 }

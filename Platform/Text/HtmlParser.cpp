@@ -1,0 +1,116 @@
+#include "Platform/Text/HtmlParser.h"
+
+#include <algorithm>
+
+#include "Platform/Text/HtmlSource.h"
+#include "Platform/Text/HtmlStream.h"
+
+namespace platform {
+namespace {
+
+/// Runs that a page of a size may have: more than any editor writes, less than memory has.
+std::size_t mostRunsOf(std::size_t size) {
+    constexpr std::size_t kBytesToRun = 12;
+    constexpr std::size_t kAlways = 1024;
+    return kAlways + size / kBytesToRun;
+}
+
+}  // namespace
+
+HtmlParser::HtmlParser(std::string_view page) : page_(page), text_(mostRunsOf(page.size())) {
+    states_.emplace_back();
+}
+
+AttributedString HtmlParser::parse() {
+    const HtmlHandler handler = {
+        this,
+        [](void* receiver, std::string_view name, const char* const* attributes) {
+            static_cast<HtmlParser*>(receiver)->startElement(name, attributes);
+        },
+        [](void* receiver, std::string_view name) {
+            static_cast<HtmlParser*>(receiver)->endElement(name);
+        },
+        [](void* receiver, std::string_view utf8) {
+            static_cast<HtmlParser*>(receiver)->takeCharacters(utf8);
+        },
+        [](void* receiver) { static_cast<HtmlParser*>(receiver)->endAll(); },
+    };
+    HtmlStream stream(handler);
+    writeHtmlSource(page_, stream);
+    endAll();
+    return text_.finish(attributes_);
+}
+
+void HtmlParser::startElement(std::string_view name, const char* const* attributes) {
+    // The parser has ended elements that are deeper.
+    if (states_.size() > HtmlFunctions::kMostDepth + 1) {
+        return;
+    }
+    mayDropLineEnd_ = false;
+    const HtmlValues values(attributes);
+    State state = top();
+    state.element = htmlElementNamed(name);
+    state.role = state.element != nullptr ? state.element->role : HtmlRole::Inline;
+    state.index = kUnknown;
+    if (!state.isHidden) {
+        begin(state, values);
+    }
+    states_.push_back(state);
+    if (state.isHidden || state.element == nullptr) {
+        return;
+    }
+    if (state.role == HtmlRole::Item) {
+        beginItem(values);
+    }
+}
+
+void HtmlParser::endElement(std::string_view name) {
+    const HtmlElement* const element = htmlElementNamed(name);
+    const auto place = std::find_if(states_.rbegin(), states_.rend() - 1,
+                                    [&](const State& state) { return state.element == element; });
+    if (place == states_.rend() - 1) {
+        return;
+    }
+    const auto kept = static_cast<std::size_t>(states_.rend() - place - 1);
+    while (states_.size() > kept) {
+        end(top());
+        states_.pop_back();
+    }
+}
+
+void HtmlParser::takeCharacters(std::string_view utf8) {
+    const State& state = top();
+    if (state.isHidden) {
+        return;
+    }
+    if (state.isReading) {
+        readings_ += utf8;
+        return;
+    }
+    if (!state.isPreformatted) {
+        text_.append(utf8, look());
+        return;
+    }
+    if (mayDropLineEnd_ && !utf8.empty()) {
+        mayDropLineEnd_ = false;
+        utf8.remove_prefix(utf8.starts_with("\r\n") ? 2 : utf8.starts_with('\n') ? 1 : 0);
+    }
+    text_.appendPreformatted(utf8, look());
+}
+
+void HtmlParser::endAll() {
+    while (states_.size() > 1) {
+        end(top());
+        states_.pop_back();
+    }
+}
+
+std::uint32_t HtmlParser::look() {
+    State& state = top();
+    if (state.index == kUnknown) {
+        state.index = attributes_.indexOf(state.look);
+    }
+    return state.index;
+}
+
+}  // namespace platform

@@ -1,0 +1,40 @@
+// Hands a page to the parser in pieces.
+//
+// One thread at a time.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "Platform/Text/Modules/HtmlModule.h"
+
+namespace platform {
+
+/// Collects what is written until it is worth a call.
+class HtmlStream {
+public:
+    /// Raises std::bad_alloc when there is no memory. Requires: the handler lives longer.
+    explicit HtmlStream(const HtmlHandler& handler);
+
+    HtmlStream(const HtmlStream&) = delete;
+    HtmlStream& operator=(const HtmlStream&) = delete;
+    ~HtmlStream();
+
+    /// Writes UTF-8. Requires: it is sound and has no NULs.
+    void write(std::string_view utf8);
+
+    /// Ends the page; nothing can be written then.
+    void finish();
+
+private:
+    /// Text without markup waits inside the parser, and what a stopped parser leaves is copied.
+    static constexpr std::size_t kPiece = 16384;
+
+    const HtmlFunctions& functions_;
+    HtmlParsing* const parsing_;
+    std::string piece_;
+};
+
+}  // namespace platform

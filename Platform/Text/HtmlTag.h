@@ -1,0 +1,43 @@
+// One tag of a page, as its author wrote it.
+//
+// Pure functions; any thread at once.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// What separates the parts of a tag.
+inline constexpr std::string_view kHtmlBlanks = " \t\n\f\r";
+
+/// A tag and its attributes, in the order of the page; references are not resolved.
+struct HtmlTag {
+    struct Attribute {
+        std::string name;
+        std::string_view value;
+    };
+    /// In lower case, as those of the attributes are.
+    std::string name;
+    bool isEnd = false;
+    /// Whether a slash stands before its end.
+    bool isEmptyElement = false;
+    /// The first of each name that the reader knows; the others mean nothing for the text.
+    std::vector<Attribute> attributes;
+
+    /// The value of an attribute; null when there is none.
+    [[nodiscard]] const std::string_view* valueOf(std::string_view attribute) const;
+};
+
+/// Whether a tag may begin at the start of `text`: "<" or "</" and a letter.
+[[nodiscard]] bool startsHtmlTag(std::string_view text);
+
+/// Reads the tag that begins at the start of `text` and returns its length; 0 when it has no end.
+///
+/// Requires: startsHtmlTag.
+[[nodiscard]] std::size_t readHtmlTag(std::string_view text, HtmlTag& tag);
+
+}  // namespace platform

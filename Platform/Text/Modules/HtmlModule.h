@@ -1,0 +1,45 @@
+// What the module `html` offers: the elements and the text of a page, one after the other.
+//
+// A parser belongs to one thread at a time; different ones to different threads. It takes UTF-8
+// alone and believes no other encoding that the page declares.
+
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "Platform/Text/Modules/Module.h"
+
+namespace platform {
+
+/// What a parser tells its user. Names are in lower case; all texts are valid during the call.
+struct HtmlHandler {
+    void* receiver;
+    /// `attributes` are names and values in turn, with a null behind the last; null for none. A
+    /// value is null where there is only a name.
+    void (*startElement)(void* receiver, std::string_view name, const char* const* attributes);
+    void (*endElement)(void* receiver, std::string_view name);
+    void (*characters)(void* receiver, std::string_view utf8);
+    /// Elements nest too deep: all that are open count as ended.
+    void (*forgetElements)(void* receiver);
+};
+
+/// A page that is being parsed.
+struct HtmlParsing;
+
+struct HtmlFunctions : ModuleHead {
+    static constexpr char kName[] = "html";
+
+    /// How deep elements nest at most.
+    static constexpr int kMostDepth = 512;
+
+    /// Begins a page; null when there is no memory. Requires: the handler lives until it is closed.
+    HtmlParsing* (*open)(const HtmlHandler* handler);
+    void (*close)(HtmlParsing* parsing);
+
+    /// Takes the next bytes of the page. Requires: they are UTF-8 without NULs and end at the end
+    /// of a character; the last ones are told to be the last.
+    void (*parse)(HtmlParsing* parsing, std::string_view utf8, bool areLast);
+};
+
+}  // namespace platform
