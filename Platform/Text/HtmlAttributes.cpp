@@ -57,6 +57,18 @@ std::uint16_t HtmlAttributes::addList(std::uint16_t outer, const std::string& ma
 }
 
 std::uint32_t HtmlAttributes::indexOf(const HtmlLook& look) {
+    const HtmlCharacterFormat& character = look.character;
+    const std::size_t mixed = character.size + character.link * 5U + (character.isBold ? 31U : 0U) +
+                              (character.isItalic ? 17U : 0U) + (character.isMonospaced ? 7U : 0U) +
+                              look.paragraph.headerLevel + look.paragraph.list * 3U;
+    Recent& recent = recent_[mixed % kMostRecent];
+    if (!recent.isSet || recent.look != look) {
+        recent = {look, findIndex(look), true};
+    }
+    return recent.index;
+}
+
+std::uint32_t HtmlAttributes::findIndex(const HtmlLook& look) {
     const auto known = indices_.find(look);
     if (known != indices_.end()) {
         return known->second;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -47,6 +48,15 @@ private:
     static constexpr std::size_t kDeepestList = 16;
     using ListKey = std::tuple<std::uint16_t, std::string, std::int32_t>;
 
+    /// A look that was asked for lately.
+    struct Recent {
+        HtmlLook look;
+        std::uint32_t index = 0;
+        bool isSet = false;
+    };
+    static constexpr std::size_t kMostRecent = 64;
+
+    [[nodiscard]] std::uint32_t findIndex(const HtmlLook& look);
     [[nodiscard]] Attributes attributesOf(const HtmlLook& look);
     [[nodiscard]] Value fontOf(const HtmlCharacterFormat& character);
     [[nodiscard]] Value paragraphStyleOf(const HtmlParagraphFormat& paragraph);
@@ -55,6 +65,7 @@ private:
     std::vector<std::vector<TextList>> lists_;
     std::map<ListKey, std::uint16_t> listNumbers_;
     std::map<HtmlLook, std::uint32_t> indices_;
+    std::array<Recent, kMostRecent> recent_;
     std::vector<Attributes> sets_;
     /// What sets share.
     std::map<HtmlCharacterFormat, Value> fonts_;

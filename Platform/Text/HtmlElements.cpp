@@ -1,6 +1,8 @@
 #include "Platform/Text/HtmlElements.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 namespace platform {
 namespace {
@@ -154,12 +156,31 @@ constexpr bool comesFirst(const HtmlElement& first, const HtmlElement& second) {
 }
 static_assert(std::is_sorted(std::begin(kElements), std::end(kElements), comesFirst));
 
+/// Where the names of each letter begin; the last place is behind them all.
+constexpr auto kStarts = [] {
+    std::array<std::uint8_t, 'z' - 'a' + 2> starts{};
+    for (const HtmlElement& element : kElements) {
+        for (std::size_t i = static_cast<std::size_t>(element.name[0] - 'a') + 1; i < starts.size();
+             ++i) {
+            ++starts[i];
+        }
+    }
+    return starts;
+}();
+
 }  // namespace
 
 const HtmlElement* htmlElementNamed(std::string_view name) {
-    const auto* const element = std::lower_bound(std::begin(kElements), std::end(kElements),
-                                                 HtmlElement{name, Role::Inline}, comesFirst);
-    return element != std::end(kElements) && element->name == name ? element : nullptr;
+    if (name.empty() || name[0] < 'a' || name[0] > 'z') {
+        return nullptr;
+    }
+    const auto letter = static_cast<std::size_t>(name[0] - 'a');
+    for (std::size_t i = kStarts[letter]; i < kStarts[letter + 1]; ++i) {
+        if (kElements[i].name == name) {
+            return &kElements[i];
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace platform

@@ -1,6 +1,8 @@
 #include "Platform/Text/HtmlEncoding.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <string>
 #include <utility>
 
@@ -13,6 +15,7 @@
 #include "Platform/Text/HtmlSkipping.h"
 #include "Platform/Text/HtmlTag.h"
 #include "Platform/Text/PlainText.h"
+#include "Platform/Text/SingleByteCodePages.h"
 
 namespace platform {
 namespace {
@@ -156,7 +159,36 @@ Data dataOf(const std::u16string& text) {
     return Data::adopt(utf8FromUtf16(text));
 }
 
-/// The text in an encoding of bytes that is no UTF-8.
+/// The characters of the upper bytes where an encoding is one of Windows that has a byte for each;
+/// empty for others.
+std::u16string_view upperHalfOf(std::string_view encoding) {
+    constexpr std::string_view kWindows = "windows-";
+    int number = 0;
+    if (encoding.starts_with(kWindows)) {
+        std::from_chars(encoding.begin() + kWindows.size(), encoding.end(), number);
+    }
+    return upperHalfOfCodePage(number);
+}
+
+Data converted(std::string_view bytes, std::u16string_view upperHalf) {
+    constexpr std::size_t kFirstUpper = 0x80;
+    std::array<std::string, kFirstUpper> characters;
+    for (std::size_t i = 0; i < kFirstUpper; ++i) {
+        appendUtf8(characters[i], upperHalf[i]);
+    }
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 2);
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < kFirstUpper) {
+            text += byte;
+        } else {
+            text += characters[code - kFirstUpper];
+        }
+    }
+    return Data::adopt(std::move(text));
+}
+
 Data converted(std::string_view bytes, CodePageConverter& converter) {
     std::u16string text;
     text.reserve(bytes.size());
@@ -206,6 +238,10 @@ Result<Data> utf8OfHtml(const Data& page) {
     }
     const char* const declared = declaredHtmlEncoding(bytes);
     const bool isOther = declared != nullptr && std::string_view(declared) != kUtf8Name;
+    if (const auto upperHalf = isOther ? upperHalfOf(declared) : std::u16string_view();
+        !upperHalf.empty()) {
+        return converted(bytes, upperHalf);
+    }
     if (const auto converter = isOther ? CodePageConverter::converterNamed(declared) : nullptr) {
         return converted(bytes, *converter);
     }

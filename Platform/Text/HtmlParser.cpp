@@ -51,9 +51,11 @@ void HtmlParser::startElement(std::string_view name, const char* const* attribut
     State state = top();
     state.element = htmlElementNamed(name);
     state.role = state.element != nullptr ? state.element->role : HtmlRole::Inline;
-    state.index = kUnknown;
     if (!state.isHidden) {
         begin(state, values);
+    }
+    if (state.look != top().look) {
+        state.index = kUnknown;
     }
     states_.push_back(state);
     if (state.isHidden || state.element == nullptr) {

@@ -150,12 +150,13 @@ private:
             writeValue(attribute.value);
             stream_.write("\"");
         }
-        // In a page that is no XML, the slash counts in pictures and formulas alone.
+        stream_.write(tag_.isEmptyElement && mayBeEmpty() ? "/>" : ">");
+    }
+
+    /// Whether a slash in the tag counts: in a page that is no XML, in pictures and formulas alone.
+    [[nodiscard]] bool mayBeEmpty() const {
         const HtmlElement* const element = htmlElementNamed(tag_.name);
-        const bool mayClose =
-            syntax_ == HtmlSyntax::Xml || element == nullptr || element->isForeign;
-        const bool isClosed = tag_.isEmptyElement && mayClose;
-        stream_.write(isClosed ? "/>" : ">");
+        return syntax_ == HtmlSyntax::Xml || element == nullptr || element->isForeign;
     }
 
     void writeEndTag() {

@@ -29,7 +29,7 @@ HtmlStream::~HtmlStream() {
     functions_.close(parsing_);
 }
 
-void HtmlStream::write(std::string_view utf8) {
+void HtmlStream::flush(std::string_view& utf8) {
     while (piece_.size() + utf8.size() > kPiece) {
         std::size_t count = kPiece - piece_.size();
         while (count > 0 && !startsCharacter(utf8[count])) {
@@ -40,7 +40,6 @@ void HtmlStream::write(std::string_view utf8) {
         functions_.parse(parsing_, piece_, false);
         piece_.clear();
     }
-    piece_ += utf8;
 }
 
 void HtmlStream::finish() {

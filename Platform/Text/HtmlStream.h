@@ -23,12 +23,20 @@ public:
     ~HtmlStream();
 
     /// Writes UTF-8. Requires: it is sound and has no NULs.
-    void write(std::string_view utf8);
+    void write(std::string_view utf8) {
+        if (piece_.size() + utf8.size() > kPiece) {
+            flush(utf8);
+        }
+        piece_ += utf8;
+    }
 
     /// Ends the page; nothing can be written then.
     void finish();
 
 private:
+    /// Parses pieces until what is left of the text fits into one.
+    void flush(std::string_view& utf8);
+
     /// Text without markup waits inside the parser, and what a stopped parser leaves is copied.
     static constexpr std::size_t kPiece = 16384;
 

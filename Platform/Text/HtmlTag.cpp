@@ -12,8 +12,9 @@ using namespace std::string_view_literals;
 
 /// In the order of their bytes.
 constexpr std::string_view kKnownAttributes[] = {
-    "align"sv,      "alt"sv,   "charset"sv, "content"sv, "dir"sv,   "hidden"sv, "href"sv,
-    "http-equiv"sv, "label"sv, "open"sv, "reversed"sv,    "start"sv,   "style"sv, "type"sv,   "value"sv,
+    "align"sv,    "alt"sv,   "charset"sv,    "content"sv, "dir"sv,
+    "hidden"sv,   "href"sv,  "http-equiv"sv, "label"sv,   "open"sv,
+    "reversed"sv, "start"sv, "style"sv,      "type"sv,    "value"sv,
 };
 
 bool isLetter(char byte) {

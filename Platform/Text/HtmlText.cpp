@@ -1,6 +1,7 @@
 #include "Platform/Text/HtmlText.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr char16_t kLineSeparator = 0x2028;
 
-bool isBlank(char byte) {
+constexpr bool isBlank(char byte) {
     return byte == ' ' || byte == '\n' || byte == '\t' || byte == '\r' || byte == '\f';
 }
 
@@ -50,33 +51,86 @@ char16_t firstUnitOf(std::string_view utf8) {
                : static_cast<char16_t>(0xD800U + ((codePoint - kFirstOfTwo) >> 10U));
 }
 
-/// The last unit that tells the script; the second half of a character does not.
-char16_t lastUnitOf(const std::u16string& text) {
-    const bool isPair = text.size() > 1 && isLowSurrogate(text.back());
-    return isPair ? text[text.size() - 2] : text.back();
+/// Takes a character off sound UTF-8, writes it to `unit` and returns the place behind it.
+char16_t* appendCharacter(std::string_view& utf8, char16_t* unit) {
+    constexpr char32_t kFirstOfTwo = 0x10000;
+    const char32_t codePoint = takeCodePoint(utf8);
+    if (codePoint < kFirstOfTwo) {
+        *unit++ = static_cast<char16_t>(codePoint);
+    } else {
+        *unit++ = static_cast<char16_t>(0xD800U + ((codePoint - kFirstOfTwo) >> 10U));
+        *unit++ = static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU));
+    }
+    return unit;
 }
 
-std::size_t lengthOfWord(std::string_view text) {
-    const auto* const end = std::find_if(text.begin(), text.end(), isBlank);
-    return static_cast<std::size_t>(end - text.begin());
+constexpr auto kAsciiOfWords = [] {
+    std::array<bool, 256> signs{};
+    for (std::size_t sign = 0; sign < 0x80; ++sign) {
+        signs[sign] = !isBlank(static_cast<char>(sign));
+    }
+    return signs;
+}();
+
+/// The same for all characters up to a blank.
+char16_t* appendWord(std::string_view& utf8, char16_t* unit) {
+    while (!utf8.empty()) {
+        const char* at = utf8.data();
+        const char* const end = at + utf8.size();
+        while (at != end && kAsciiOfWords[static_cast<unsigned char>(*at)]) {
+            *unit++ = static_cast<unsigned char>(*at++);
+        }
+        utf8.remove_prefix(static_cast<std::size_t>(at - utf8.data()));
+        if (utf8.empty() || isBlank(utf8.front())) {
+            break;
+        }
+        unit = appendCharacter(utf8, unit);
+    }
+    return unit;
 }
 
 }  // namespace
 
 void HtmlText::append(std::string_view utf8, std::uint32_t look) {
-    while (!utf8.empty()) {
-        if (isBlank(utf8.front())) {
-            blankLook_ = hasBlank_ ? blankLook_ : look;
-            hasLineEnd_ = hasLineEnd_ || utf8.front() == '\n' || utf8.front() == '\r';
-            hasBlank_ = true;
-            utf8.remove_prefix(1);
-            continue;
-        }
-        const std::size_t length = lengthOfWord(utf8);
-        beginText(firstUnitOf(utf8), look);
-        addCharacters(utf8.substr(0, length), look);
-        utf8.remove_prefix(length);
+    utf8.remove_prefix(noteBlanks(utf8, look));
+    if (utf8.empty()) {
+        return;
     }
+    beginText(firstUnitOf(utf8), look);
+    const std::size_t start = text_.size();
+    text_.resize(start + utf8.size());
+    char16_t* unit = text_.data() + start;
+    while (!utf8.empty()) {
+        unit = appendWord(utf8, unit);
+        utf8.remove_prefix(noteBlanks(utf8, look));
+        if (hasBlank_ && !utf8.empty()) {
+            if (!isSourceLayout(*(unit - 1), firstUnitOf(utf8))) {
+                *unit++ = u' ';
+            }
+            hasBlank_ = hasLineEnd_ = false;
+        }
+    }
+    text_.resize(static_cast<std::size_t>(unit - text_.data()));
+    addRun(text_.size() - start, look);
+}
+
+/// Counts the blanks that a text begins with; they are written when text follows.
+std::size_t HtmlText::noteBlanks(std::string_view utf8, std::uint32_t look) {
+    std::size_t count = 0;
+    for (; count < utf8.size() && isBlank(utf8[count]); ++count) {
+        hasLineEnd_ = hasLineEnd_ || utf8[count] == '\n' || utf8[count] == '\r';
+    }
+    if (count > 0 && !hasBlank_) {
+        hasBlank_ = true;
+        blankLook_ = look;
+    }
+    return count;
+}
+
+/// Whether the blanks between two units only lay out the source.
+bool HtmlText::isSourceLayout(char16_t last, char16_t next) const {
+    // Rare characters have a second half, which tells no script: the other side decides.
+    return hasLineEnd_ && isEastAsian(next) && (isEastAsian(last) || isLowSurrogate(last));
 }
 
 void HtmlText::appendPreformatted(std::string_view utf8, std::uint32_t look) {
@@ -187,12 +241,9 @@ void HtmlText::beginText(char16_t first, std::uint32_t look) {
         marker_.clear();
         isAtStart_ = true;
     }
-    if (hasBlank_ && !isAtStart_) {
-        const bool isSourceLayout =
-            hasLineEnd_ && isEastAsian(first) && isEastAsian(lastUnitOf(text_));
-        if (!isSourceLayout) {
-            add(u" ", blankLook_);
-        }
+    const bool isShown = hasBlank_ && !isAtStart_;
+    if (isShown && !isSourceLayout(text_.back(), first)) {
+        add(u" ", blankLook_);
     }
     hasBlank_ = false;
     hasLineEnd_ = false;
@@ -217,23 +268,11 @@ void HtmlText::add(std::u16string_view units, std::uint32_t look) {
 }
 
 void HtmlText::addCharacters(std::string_view utf8, std::uint32_t look) {
-    constexpr char32_t kFirstOfTwo = 0x10000;
     const std::size_t start = text_.size();
     text_.resize(start + utf8.size());
     char16_t* unit = text_.data() + start;
     while (!utf8.empty()) {
-        if (static_cast<unsigned char>(utf8.front()) < 0x80) {
-            *unit++ = static_cast<unsigned char>(utf8.front());
-            utf8.remove_prefix(1);
-            continue;
-        }
-        const char32_t codePoint = takeCodePoint(utf8);
-        if (codePoint < kFirstOfTwo) {
-            *unit++ = static_cast<char16_t>(codePoint);
-        } else {
-            *unit++ = static_cast<char16_t>(0xD800U + ((codePoint - kFirstOfTwo) >> 10U));
-            *unit++ = static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU));
-        }
+        unit = appendCharacter(utf8, unit);
     }
     text_.resize(static_cast<std::size_t>(unit - text_.data()));
     addRun(text_.size() - start, look);

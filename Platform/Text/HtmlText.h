@@ -62,6 +62,8 @@ private:
         std::size_t start;
     };
 
+    std::size_t noteBlanks(std::string_view utf8, std::uint32_t look);
+    [[nodiscard]] bool isSourceLayout(char16_t last, char16_t next) const;
     void beginText(char16_t first, std::uint32_t look);
     void separateCells(std::uint32_t look);
     void add(std::u16string_view units, std::uint32_t look);
