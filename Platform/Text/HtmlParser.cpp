@@ -18,6 +18,7 @@ std::size_t mostRunsOf(std::size_t size) {
 }  // namespace
 
 HtmlParser::HtmlParser(std::string_view page) : page_(page), text_(mostRunsOf(page.size())) {
+    text_.reserve(page.size());
     states_.emplace_back();
 }
 
@@ -48,6 +49,8 @@ void HtmlParser::startElement(std::string_view name, const char* const* attribut
     }
     mayDropLineEnd_ = false;
     const HtmlValues values(attributes);
+    // Elements that look the same share the number.
+    (void)look();
     State state = top();
     state.element = htmlElementNamed(name);
     state.role = state.element != nullptr ? state.element->role : HtmlRole::Inline;

@@ -24,6 +24,14 @@ constexpr auto kSpecials = [] {
     return specials;
 }();
 
+constexpr auto kNameSigns = [] {
+    std::array<bool, 256> signs{};
+    for (const char sign : std::string_view("abcdefghijklmnopqrstuvwxyz0123456789:-_.")) {
+        signs[static_cast<unsigned char>(sign)] = true;
+    }
+    return signs;
+}();
+
 std::size_t lengthOfPlainText(std::string_view text) {
     const auto* const end = std::find_if(text.begin(), text.end(), [](char byte) {
         return kSpecials[static_cast<unsigned char>(byte)];
@@ -161,12 +169,13 @@ private:
 
     void writeEndTag() {
         // What stands behind the end of the body belongs to it, too.
-        if (tag_.name == "body" || tag_.name == "html" || isDroppedHtmlElement(tag_.name)) {
+        const std::string_view name = tag_.name;
+        if (name == "body" || name == "html" || isDroppedHtmlElement(name)) {
             return;
         }
-        if (tag_.name == "br") {
+        if (name == "br") {
             stream_.write("<br>");
-        } else if (tag_.name == "p" && !std::exchange(isParagraphOpen_, false)) {
+        } else if (name == "p" && !std::exchange(isParagraphOpen_, false)) {
             stream_.write("<p></p>");
         } else {
             stream_.write("</");
@@ -178,9 +187,11 @@ private:
     /// The name, as far as the parser takes it for one.
     void writeName() {
         constexpr std::size_t kLongest = 64;
-        constexpr std::string_view kSigns = "abcdefghijklmnopqrstuvwxyz0123456789:-_.";
-        const std::string_view name = tag_.name;
-        stream_.write(name.substr(0, std::min(name.find_first_not_of(kSigns), kLongest)));
+        const std::string_view name = std::string_view(tag_.name).substr(0, kLongest);
+        const auto* const end = std::find_if_not(name.begin(), name.end(), [](char byte) {
+            return kNameSigns[static_cast<unsigned char>(byte)];
+        });
+        stream_.write(name.substr(0, static_cast<std::size_t>(end - name.begin())));
     }
 
     void writeValue(std::string_view value) {

@@ -38,7 +38,7 @@ private:
     void flush(std::string_view& utf8);
 
     /// Text without markup waits inside the parser, and what a stopped parser leaves is copied.
-    static constexpr std::size_t kPiece = 16384;
+    static constexpr std::size_t kPiece = 65536;
 
     const HtmlFunctions& functions_;
     HtmlParsing* const parsing_;

@@ -22,6 +22,20 @@ bool isLetter(char byte) {
     return lower >= 'a' && lower <= 'z';
 }
 
+// Kinds of bytes that mean something in a tag.
+enum ByteKind : unsigned { kBlank = 1, kSlash = 2, kEnd = 4, kEquals = 8 };
+
+constexpr auto kKinds = [] {
+    std::array<unsigned char, 256> kinds{};
+    for (const char blank : kHtmlBlanks) {
+        kinds[static_cast<unsigned char>(blank)] = kBlank;
+    }
+    kinds['/'] = kSlash;
+    kinds['>'] = kEnd;
+    kinds['='] = kEquals;
+    return kinds;
+}();
+
 /// Takes the parts of a tag off its start.
 class Cursor {
 public:
@@ -31,50 +45,56 @@ public:
     [[nodiscard]] char next() const { return text_[at_]; }
     [[nodiscard]] std::size_t position() const { return at_; }
     void skip() { ++at_; }
-    void skipAll(std::string_view bytes) {
-        at_ = std::min(text_.find_first_not_of(bytes, at_), text_.size());
+    void skipBlanks() {
+        while (!isAtEnd() && (kind() & kBlank) != 0) {
+            ++at_;
+        }
     }
-    std::string_view takeUntil(std::string_view bytes) {
+    /// Takes what stands before the next byte of one of the kinds.
+    std::string_view takeUntil(unsigned kinds) {
         const std::size_t start = at_;
-        at_ = std::min(text_.find_first_of(bytes, at_), text_.size());
+        while (!isAtEnd() && (kind() & kinds) == 0) {
+            ++at_;
+        }
         return text_.substr(start, at_ - start);
+    }
+    /// Takes what stands between quotes, the second of which may be missing.
+    std::string_view takeQuoted() {
+        const std::size_t start = at_ + 1;
+        const std::size_t end = std::min(text_.find(text_[at_], start), text_.size());
+        at_ = std::min(end + 1, text_.size());
+        return text_.substr(start, end - start);
     }
 
 private:
+    [[nodiscard]] unsigned kind() const { return kKinds[static_cast<unsigned char>(text_[at_])]; }
+
     std::string_view text_;
     std::size_t at_ = 0;
 };
 
 void setLowercase(std::string& lower, std::string_view name) {
-    lower.assign(name);
-    std::transform(lower.begin(), lower.end(), lower.begin(), asciiLowercase);
+    lower.resize(name.size());
+    std::transform(name.begin(), name.end(), lower.begin(), asciiLowercase);
 }
 
 /// What stands behind the name of an attribute and an equals sign.
 std::string_view takeValue(Cursor& cursor) {
-    cursor.skipAll(kHtmlBlanks);
-    if (cursor.isAtEnd() || (cursor.next() != '"' && cursor.next() != '\'')) {
-        return cursor.takeUntil(" \t\n\f\r>");
-    }
-    const char quote = cursor.next();
-    cursor.skip();
-    const std::string_view value = cursor.takeUntil({&quote, 1});
-    if (!cursor.isAtEnd()) {
-        cursor.skip();
-    }
-    return value;
+    cursor.skipBlanks();
+    const bool isQuoted = !cursor.isAtEnd() && (cursor.next() == '"' || cursor.next() == '\'');
+    return isQuoted ? cursor.takeQuoted() : cursor.takeUntil(kBlank | kEnd);
 }
 
 void takeAttribute(Cursor& cursor, HtmlTag& tag, std::string& name) {
     constexpr std::size_t kLongest = 16;
     const std::size_t start = cursor.position();
     // An equals sign may begin a name, but not end one there.
-    std::string_view written = cursor.takeUntil(" \t\n\f\r/>="sv);
+    std::string_view written = cursor.takeUntil(kBlank | kSlash | kEnd | kEquals);
     if (cursor.position() == start) {
         cursor.skip();
         written = {};
     }
-    cursor.skipAll(kHtmlBlanks);
+    cursor.skipBlanks();
     std::string_view value;
     if (!cursor.isAtEnd() && cursor.next() == '=') {
         cursor.skip();
@@ -111,12 +131,12 @@ std::size_t readHtmlTag(std::string_view text, HtmlTag& tag) {
     if (tag.isEnd) {
         cursor.skip();
     }
-    setLowercase(tag.name, cursor.takeUntil(" \t\n\f\r/>"sv));
+    setLowercase(tag.name, cursor.takeUntil(kBlank | kSlash | kEnd));
     tag.attributes.clear();
     tag.isEmptyElement = false;
     std::string name;
     while (!cursor.isAtEnd()) {
-        cursor.skipAll(kHtmlBlanks);
+        cursor.skipBlanks();
         if (cursor.isAtEnd()) {
             return 0;
         }

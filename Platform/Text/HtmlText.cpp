@@ -28,6 +28,12 @@ bool isEastAsian(char16_t unit) {
     return isInKanaOrHan || isFullWidth || isHalfOfHan;
 }
 
+/// Whether a line end between two units only lays out the source.
+bool isSourceLayout(char16_t last, char16_t next) {
+    // Rare characters have a second half, which tells no script: the other side decides.
+    return isEastAsian(next) && (isEastAsian(last) || isLowSurrogate(last));
+}
+
 /// Decodes the form at the start of sound UTF-8 and takes it off.
 char32_t takeCodePoint(std::string_view& utf8) {
     const auto byteAt = [&](std::size_t i) {
@@ -72,19 +78,25 @@ constexpr auto kAsciiOfWords = [] {
     return signs;
 }();
 
-/// The same for all characters up to a blank.
-char16_t* appendWord(std::string_view& utf8, char16_t* unit) {
-    while (!utf8.empty()) {
+/// The same for all characters up to a blank that is more than one between two words of ASCII.
+char16_t* appendWords(std::string_view& utf8, char16_t* unit) {
+    const auto isOfWord = [](char byte) {
+        return kAsciiOfWords[static_cast<unsigned char>(byte)];
+    };
+    while (!utf8.empty() && !isBlank(utf8.front())) {
+        if (!isOfWord(utf8.front())) {
+            unit = appendCharacter(utf8, unit);
+            continue;
+        }
         const char* at = utf8.data();
-        const char* const end = at + utf8.size();
-        while (at != end && kAsciiOfWords[static_cast<unsigned char>(*at)]) {
+        const char* const last = at + utf8.size() - 1;
+        while (at != last && (isOfWord(*at) || (*at == ' ' && isOfWord(at[1])))) {
+            *unit++ = static_cast<unsigned char>(*at++);
+        }
+        if (isOfWord(*at)) {
             *unit++ = static_cast<unsigned char>(*at++);
         }
         utf8.remove_prefix(static_cast<std::size_t>(at - utf8.data()));
-        if (utf8.empty() || isBlank(utf8.front())) {
-            break;
-        }
-        unit = appendCharacter(utf8, unit);
     }
     return unit;
 }
@@ -101,10 +113,10 @@ void HtmlText::append(std::string_view utf8, std::uint32_t look) {
     text_.resize(start + utf8.size());
     char16_t* unit = text_.data() + start;
     while (!utf8.empty()) {
-        unit = appendWord(utf8, unit);
+        unit = appendWords(utf8, unit);
         utf8.remove_prefix(noteBlanks(utf8, look));
         if (hasBlank_ && !utf8.empty()) {
-            if (!isSourceLayout(*(unit - 1), firstUnitOf(utf8))) {
+            if (!hasLineEnd_ || !isSourceLayout(*(unit - 1), firstUnitOf(utf8))) {
                 *unit++ = u' ';
             }
             hasBlank_ = hasLineEnd_ = false;
@@ -125,12 +137,6 @@ std::size_t HtmlText::noteBlanks(std::string_view utf8, std::uint32_t look) {
         blankLook_ = look;
     }
     return count;
-}
-
-/// Whether the blanks between two units only lay out the source.
-bool HtmlText::isSourceLayout(char16_t last, char16_t next) const {
-    // Rare characters have a second half, which tells no script: the other side decides.
-    return hasLineEnd_ && isEastAsian(next) && (isEastAsian(last) || isLowSurrogate(last));
 }
 
 void HtmlText::appendPreformatted(std::string_view utf8, std::uint32_t look) {
@@ -224,7 +230,10 @@ AttributedString HtmlText::finish(const HtmlAttributes& attributes) {
     for (const Run& run : runs_) {
         appendRun(runs, run.length, attributes[run.look]);
     }
-    text_.shrink_to_fit();
+    // Room was made for a page without any markup.
+    if (text_.size() < text_.capacity() / 2) {
+        text_.shrink_to_fit();
+    }
     return {std::make_shared<const std::u16string>(std::move(text_)), std::move(runs)};
 }
 
@@ -242,7 +251,7 @@ void HtmlText::beginText(char16_t first, std::uint32_t look) {
         isAtStart_ = true;
     }
     const bool isShown = hasBlank_ && !isAtStart_;
-    if (isShown && !isSourceLayout(text_.back(), first)) {
+    if (isShown && !(hasLineEnd_ && isSourceLayout(text_.back(), first))) {
         add(u" ", blankLook_);
     }
     hasBlank_ = false;

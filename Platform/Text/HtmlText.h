@@ -24,6 +24,9 @@ public:
     /// Text behind the run number `mostRuns` has no attributes.
     explicit HtmlText(std::size_t mostRuns) : mostRuns_(mostRuns) {}
 
+    /// Makes room, so that the text is not moved while it grows.
+    void reserve(std::size_t length) { text_.reserve(length); }
+
     /// Appends text in UTF-8, which must be sound.
     void append(std::string_view utf8, std::uint32_t look);
 
@@ -63,7 +66,6 @@ private:
     };
 
     std::size_t noteBlanks(std::string_view utf8, std::uint32_t look);
-    [[nodiscard]] bool isSourceLayout(char16_t last, char16_t next) const;
     void beginText(char16_t first, std::uint32_t look);
     void separateCells(std::uint32_t look);
     void add(std::u16string_view units, std::uint32_t look);
