@@ -20,6 +20,10 @@
 namespace platform {
 namespace {
 
+/// Bytes of UTF-8 that one byte in another encoding becomes at most. Room that is not used costs
+/// nothing.
+constexpr std::size_t kMostUtf8ToByte = 3;
+
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// An encoding and the labels that declare it, with a blank on each side.
@@ -177,7 +181,7 @@ Data converted(std::string_view bytes, std::u16string_view upperHalf) {
         appendUtf8(characters[i], upperHalf[i]);
     }
     std::string text;
-    text.reserve(bytes.size() + bytes.size() / 2);
+    text.reserve(kMostUtf8ToByte * bytes.size());
     for (const char byte : bytes) {
         const auto code = static_cast<unsigned char>(byte);
         if (code < kFirstUpper) {
@@ -190,10 +194,36 @@ Data converted(std::string_view bytes, std::u16string_view upperHalf) {
 }
 
 Data converted(std::string_view bytes, CodePageConverter& converter) {
-    std::u16string text;
-    text.reserve(bytes.size());
-    (void)converter.append(text, bytes);
-    return dataOf(text);
+    // In pieces, so that the page is never there in UTF-16 as well.
+    constexpr std::size_t kPiece = 65536;
+    std::string text;
+    text.reserve(kMostUtf8ToByte * bytes.size());
+    std::u16string units;
+    for (bool isLast = false; !isLast;) {
+        const std::string_view piece = bytes.substr(0, kPiece);
+        bytes.remove_prefix(piece.size());
+        isLast = bytes.empty();
+        units.clear();
+        (void)converter.append(units, piece, isLast ? BytesFollow::No : BytesFollow::Yes);
+        text += utf8FromUtf16(units);
+    }
+    return Data::adopt(std::move(text));
+}
+
+/// UTF-8 with U+FFFD for each byte that belongs to no form.
+Data mended(std::string_view bytes) {
+    std::string text;
+    text.reserve(kMostUtf8ToByte * bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t form = utf8FormLength(bytes);
+        if (form == 0) {
+            appendUtf8(text, kReplacementCharacter);
+        } else {
+            text += bytes.substr(0, form);
+        }
+        bytes.remove_prefix(std::max<std::size_t>(form, 1));
+    }
+    return Data::adopt(std::move(text));
 }
 
 }  // namespace
@@ -228,7 +258,7 @@ Result<Data> utf8OfHtml(const Data& page) {
     if (bytes.starts_with(kUtf8Mark)) {
         const std::string_view text = bytes.substr(kUtf8Mark.size());
         return isSoundUtf8(text) ? page.subdataWithRange({kUtf8Mark.size(), text.size()})
-                                 : dataOf(utf16FromUtf8Lossy(text));
+                                 : mended(text);
     }
     if (const auto text = utf16FromMarkedBytes(bytes)) {
         return dataOf(*text);

@@ -15,10 +15,23 @@ std::size_t mostRunsOf(std::size_t size) {
     return kAlways + size / kBytesToRun;
 }
 
+/// The length of UTF-8 in UTF-16.
+std::size_t unitsOf(std::string_view utf8) {
+    std::size_t units = 0;
+    for (const char byte : utf8) {
+        const auto code = static_cast<unsigned char>(byte);
+        units += (code & 0xC0U) != 0x80U ? 1 : 0;
+        units += code >= 0xF0U ? 1 : 0;
+    }
+    return units;
+}
+
 }  // namespace
 
 HtmlParser::HtmlParser(std::string_view page) : page_(page), text_(mostRunsOf(page.size())) {
-    text_.reserve(page.size());
+    // Pieces of text take up some more room while they are converted.
+    constexpr std::size_t kConverted = 4096;
+    text_.reserve(unitsOf(page) + kConverted);
     states_.emplace_back();
 }
 

@@ -196,13 +196,15 @@ void HtmlParser::end(const State& state) {
 }
 
 void HtmlParser::endRuby() {
-    const std::size_t start = std::min(readings_.find_first_not_of(kHtmlBlanks), readings_.size());
-    readings_.erase(0, start);
-    readings_.resize(readings_.find_last_not_of(kHtmlBlanks) + 1);
-    if (!readings_.empty()) {
-        text_.append("(" + readings_ + ")", look());
-        readings_.clear();
+    std::string_view text = readings_;
+    text.remove_prefix(std::min(text.find_first_not_of(kHtmlBlanks), text.size()));
+    text = text.substr(0, text.find_last_not_of(kHtmlBlanks) + 1);
+    if (!text.empty()) {
+        text_.append("(", look());
+        text_.append(text, look());
+        text_.append(")", look());
     }
+    readings_.clear();
 }
 
 void HtmlParser::setLook(State& state, const HtmlValues& values) {

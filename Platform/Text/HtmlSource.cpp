@@ -39,6 +39,15 @@ std::size_t lengthOfPlainText(std::string_view text) {
     return static_cast<std::size_t>(end - text.begin());
 }
 
+/// The number of bytes, at most `most`, that end with a character. Requires: `most` > 3.
+std::size_t lengthOfCharacters(std::string_view utf8, std::size_t most) {
+    std::size_t length = std::min(most, utf8.size());
+    while (length < utf8.size() && (static_cast<unsigned char>(utf8[length]) & 0xC0U) == 0x80U) {
+        --length;
+    }
+    return length;
+}
+
 class Writer {
 public:
     Writer(std::string_view page, HtmlStream& stream)
@@ -63,8 +72,27 @@ public:
 private:
     void writePlainText() {
         const std::size_t length = lengthOfPlainText(rest_);
-        stream_.write(rest_.substr(0, length));
+        writeText(rest_.substr(0, length));
         rest_.remove_prefix(length);
+    }
+
+    /// Writes text without signs of markup.
+    void writeText(std::string_view text) {
+        while (!text.empty()) {
+            const std::size_t length = lengthOfCharacters(text, kLongestText / 2);
+            expectText(length);
+            stream_.write(text.substr(0, length));
+            text.remove_prefix(length);
+        }
+    }
+
+    /// Has to be told before text is written. The parser keeps all of it until markup follows.
+    void expectText(std::size_t length) {
+        if (textSinceTag_ + length > kLongestText) {
+            stream_.settle();
+            textSinceTag_ = 0;
+        }
+        textSinceTag_ += length;
     }
 
     void writeMarkup() {
@@ -82,6 +110,7 @@ private:
     /// A character that cannot stand for itself.
     void writeSpecial() {
         std::size_t length = 1;
+        expectText(kLongestReference);
         if (rest_.front() == '&') {
             length = writeReference(rest_, HtmlReferencePlace::Text);
         } else if (rest_.front() == '<') {
@@ -148,6 +177,7 @@ private:
     }
 
     void writeStartTag() {
+        textSinceTag_ = 0;
         stream_.write("<");
         writeName();
         isParagraphOpen_ = isParagraphOpen_ || tag_.name == "p";
@@ -220,12 +250,13 @@ private:
     void writeRaw(std::string_view text, References references) {
         while (!text.empty()) {
             const std::size_t length = lengthOfPlainText(text);
-            stream_.write(text.substr(0, length));
+            writeText(text.substr(0, length));
             text.remove_prefix(length);
             if (text.empty()) {
                 return;
             }
             std::size_t size = 1;
+            expectText(kLongestReference);
             if (text.front() == '&' && references == References::Yes) {
                 size = writeReference(text, HtmlReferencePlace::Text);
             } else if (text.front() != '\0') {
@@ -235,6 +266,9 @@ private:
         }
     }
 
+    static constexpr std::size_t kLongestText = 65536;
+    /// More than what one reference becomes.
+    static constexpr std::size_t kLongestReference = 16;
     static constexpr std::string_view kCdata = "<![CDATA[";
 
     std::string_view rest_;
@@ -243,6 +277,7 @@ private:
     HtmlTag tag_;
     std::string characters_;
     bool isParagraphOpen_ = false;
+    std::size_t textSinceTag_ = 0;
 };
 
 }  // namespace

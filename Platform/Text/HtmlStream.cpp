@@ -42,6 +42,12 @@ void HtmlStream::flush(std::string_view& utf8) {
     }
 }
 
+void HtmlStream::settle() {
+    write("<!---->");
+    functions_.parse(parsing_, piece_, false);
+    piece_.clear();
+}
+
 void HtmlStream::finish() {
     functions_.parse(parsing_, piece_, true);
     piece_.clear();

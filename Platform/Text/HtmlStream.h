@@ -30,6 +30,12 @@ public:
         piece_ += utf8;
     }
 
+    /// Has all text parsed that was written, and forgotten. Requires: no tag has begun.
+    ///
+    /// The parser waits with text for the markup behind it. A comment is markup, and with one at
+    /// the end of its input it gives back what it has kept, too.
+    void settle();
+
     /// Ends the page; nothing can be written then.
     void finish();
 

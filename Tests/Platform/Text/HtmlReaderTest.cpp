@@ -325,6 +325,31 @@ TEST(HtmlReader, ReadsPagesInPieces) {
     }
 }
 
+TEST(HtmlReader, ReadsLongTextWithoutMarkup) {
+    struct Row {
+        const char* name;
+        std::string_view piece;
+        std::u16string_view want;
+    };
+    constexpr Row kRows[] = {
+        {"words", "one two ", u"one two "},
+        {"characters of several bytes", "é漢😀", u"é漢😀"},
+        {"references", "&eacute;&amp;&lt;&nosuch;", u"é&<&nosuch;"},
+        {"signs that are no markup", "< & ", u"< & "},
+    };
+    for (const Row& row : kRows) {
+        std::string html;
+        std::u16string want;
+        while (html.size() < 300'000) {
+            html += row.piece;
+            want += row.want;
+        }
+        want.resize(want.find_last_not_of(u' ') + 1);
+        EXPECT_EQ(textOf(html), want) << row.name;
+        EXPECT_EQ(textOf("<textarea>" + html).substr(0, want.size()), want) << row.name;
+    }
+}
+
 TEST(HtmlReader, ReadsLongAttributesAndManyOfThem) {
     const std::string lengthy(500'000, 'x');
     EXPECT_EQ(textOf("<img alt=" + lengthy + ">").size(), lengthy.size());
