@@ -4,11 +4,13 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "Benchmarks/Support/Benchmarks.h"
 #include "Benchmarks/Support/Process.h"
+#include "Benchmarks/Support/RtfDocuments.h"
 
 namespace bench {
 namespace {
@@ -38,6 +40,18 @@ void checkThatOutputsAgree(const std::vector<Command>& commands) {
     }
 }
 
+void addRtfProcess(const Packages& packages, Report& report) {
+    constexpr double kTimes = 10;
+    constexpr std::size_t kSize = 5'000'000;
+    const std::string path = packages.folder() + "/process.rtf";
+    std::ofstream(path, std::ios::binary) << rtfDocument(kRtfShapes[0], kSize).view();
+    const std::string ours = add("Process: pvindex text of RTF", {PV_BENCH_PVINDEX, "text", path});
+    report.begin("A whole process for 5 MB of RTF");
+    report.compare({"pvindex text, beside unrtf", ours,
+                    add("Process: unrtf", {PV_BENCH_UNRTF, "--text", path}),
+                    Target::atLeast(kTimes)});
+}
+
 }  // namespace
 
 void addProcessBenchmarks(const Packages& packages, Report& report) {
@@ -54,6 +68,7 @@ void addProcessBenchmarks(const Packages& packages, Report& report) {
                     Target::atMostMore(kMilliseconds)});
     report.compare({"pvindex text, beside a Python script", ours, add("Process: Python", python),
                     Target::atLeast(kTimesPython)});
+    addRtfProcess(packages, report);
 }
 
 }  // namespace bench

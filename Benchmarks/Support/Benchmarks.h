@@ -22,6 +22,9 @@ void addHtmlBenchmarks(Report& report);
 /// Archives of many members, beside two other libraries.
 void addZipBenchmarks(const Packages& packages, Report& report);
 
+/// Archives written, beside three other libraries.
+void addZipWritingBenchmarks(const Packages& packages, Report& report);
+
 /// Plain text in several encodings, beside loops that only widen or copy it.
 void addPlainTextBenchmarks(Report& report);
 
@@ -36,6 +39,9 @@ void addNavigationBenchmarks(Report& report);
 
 /// The clean-up of imported text.
 void addImportBenchmarks(Report& report);
+
+/// PDF files, beside a library alone.
+void addPdfBenchmarks(Report& report);
 
 /// Segments of one language, beside the libraries below.
 void addSegmentationBenchmarks(Report& report);

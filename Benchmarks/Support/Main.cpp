@@ -66,12 +66,14 @@ int main(int argc, char** argv) {
     bench::addRtfBenchmarks(report);
     bench::addHtmlBenchmarks(report);
     bench::addZipBenchmarks(packages, report);
+    bench::addZipWritingBenchmarks(packages, report);
     bench::addPlainTextBenchmarks(report);
     bench::addEnumerationBenchmarks(report);
     bench::addLanguageBenchmarks(report);
     bench::addNavigationBenchmarks(report);
     bench::addSegmentationBenchmarks(report);
     bench::addImportBenchmarks(report);
+    bench::addPdfBenchmarks(report);
     bench::addProcessBenchmarks(packages, report);
     bench::measureMemory(packages, report);
     Collector collector(report);

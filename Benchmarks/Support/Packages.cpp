@@ -119,6 +119,11 @@ Data archiveOf(const Shape& shape) {
         archive.addAttributedString(Prose(shape.script).text(shape.units), sets, runsOf(shape)));
 }
 
+std::string prose(std::uint64_t size) {
+    const std::u16string text = Prose(Script::Latin).text(size);
+    return {text.begin(), text.end()};
+}
+
 std::string Packages::pathOf(const Shape& shape) const {
     const std::string name = shape.name() + ".parlavox";
     if (!std::filesystem::exists(folder_.path(name))) {
@@ -132,8 +137,7 @@ std::string Packages::pathOfMembers(std::uint64_t count, std::uint64_t size,
     const std::string name = std::to_string(count) + " members of " + std::to_string(size) +
                              (areDeflated ? ", deflated.zip" : ", stored.zip");
     if (!std::filesystem::exists(folder_.path(name))) {
-        const std::u16string text = Prose(Script::Latin).text(count * size);
-        const std::string letters(text.begin(), text.end());
+        const std::string letters = prose(count * size);
         samples::ZipBuilder zip;
         for (std::uint64_t i = 0; i < count; ++i) {
             zip.add("notes/chapter-" + std::to_string(i) + ".txt", letters.substr(i * size, size),

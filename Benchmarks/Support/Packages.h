@@ -34,6 +34,9 @@ struct Shape {
 /// Returns the keyed archive of a document's text.
 [[nodiscard]] platform::Data archiveOf(const Shape& shape);
 
+/// Returns that many letters of prose, one byte each.
+[[nodiscard]] std::string prose(std::uint64_t size);
+
 /// A folder of the documents that were asked for.
 class Packages {
 public:

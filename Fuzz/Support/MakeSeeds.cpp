@@ -28,13 +28,17 @@ bool writeAll(const std::filesystem::path& top) {
            write(top / "Platform/Foundation/corpus/file_wrapper_fuzz", fuzz::fileWrapperSeeds()) &&
            write(text / "keyed_archive_fuzz", fuzz::keyedArchiveSeeds()) &&
            write(text / "language_tagger_fuzz", fuzz::languageSeeds()) &&
+           write(text / "pdf_fuzz", fuzz::pdfSeeds()) &&
+           write(text / "pdf_layout_fuzz", fuzz::pdfLayoutSeeds()) &&
            write(text / "html_fuzz", fuzz::htmlSeeds()) &&
            write(text / "rtf_fuzz", fuzz::rtfSeeds()) &&
+           write(text / "rtfd_fuzz", fuzz::rtfdSeeds()) &&
            write(text / "text_reader_fuzz", fuzz::textSeeds()) &&
            write(text / "plain_text_fuzz", fuzz::textSeeds()) &&
            write(text / "plain_text_fuzz", fuzz::plainTextSeeds()) &&
            write(zip / "raw_inflater_fuzz", fuzz::rawDeflateSeeds()) &&
            write(zip / "zip_fuzz", fuzz::zipSeeds()) &&
+           write(zip / "archive_round_trip_fuzz", fuzz::treeSeeds()) &&
            write(top / "Tools/pvdoc/corpus/marked_up_text_fuzz", fuzz::markedUpTextSeeds()) &&
            write(top / "Sources/TextAnalysis/corpus/text_analysis_fuzz",
                  fuzz::textAnalysisSeeds()) &&

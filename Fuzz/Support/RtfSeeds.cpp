@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "Fuzz/Support/Seeds.h"
+#include "Platform/Foundation/FileWrapper.h"
 
 namespace fuzz {
 namespace {
@@ -53,6 +54,26 @@ std::vector<Seed> rtfSeeds() {
         {"macintosh", platform::Data::copyOf("{\\rtf\\mac caf\\'8e"sv)},
         {"utf-8", platform::Data::copyOf("{\\rtf1\\ansicpg65001 caf\\'c3\\'a9 \xC3\xA9}"sv)},
         {"no-rtf", platform::Data::copyOf("{\\rt"sv)},
+    };
+}
+
+std::vector<Seed> rtfdSeeds() {
+    using platform::FileWrapper;
+    const auto flat = [](std::string_view rtf) {
+        const auto file = [](std::string_view contents) {
+            return FileWrapper::initRegularFileWithContents(platform::Data::copyOf(contents));
+        };
+        const auto folder = FileWrapper::initDirectoryWithFileWrappers(
+            {{"TXT.rtf", file(rtf)}, {"a.png", file("picture")}});
+        return folder->serializedRepresentation().value_or(platform::Data());
+    };
+    return {
+        {"graphic", flat("{\\rtf1 a{{\\NeXTGraphic a.png \\width1}\xAC}b}"sv)},
+        {"missing", flat("{\\rtf1 a{{\\NeXTGraphic b.png \\width1}\xAC}b}"sv)},
+        {"plain", flat("no RTF"sv)},
+        {"file", FileWrapper::initRegularFileWithContents(platform::Data::copyOf("x"))
+                     ->serializedRepresentation()
+                     .value_or(platform::Data())},
     };
 }
 

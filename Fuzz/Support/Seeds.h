@@ -32,13 +32,19 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> markedUpTextSeeds();
+[[nodiscard]] std::vector<Seed> pdfSeeds();
+[[nodiscard]] std::vector<Seed> pdfLayoutSeeds();
 [[nodiscard]] std::vector<Seed> textSeeds();
 [[nodiscard]] std::vector<Seed> plainTextSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();
+
+/// Folders with a text in one run of bytes.
+[[nodiscard]] std::vector<Seed> rtfdSeeds();
 [[nodiscard]] std::vector<Seed> htmlSeeds();
 [[nodiscard]] std::vector<Seed> languageSeeds();
 [[nodiscard]] std::vector<Seed> rawDeflateSeeds();
 [[nodiscard]] std::vector<Seed> zipSeeds();
+[[nodiscard]] std::vector<Seed> treeSeeds();
 [[nodiscard]] std::vector<Seed> documentSeeds();
 [[nodiscard]] std::vector<Seed> textAnalysisSeeds();
 [[nodiscard]] std::vector<Seed> importUtilsSeeds();

@@ -39,7 +39,8 @@ is_named() { [ -n "$(tests_with -e "[\"/]$(literally "${1##*/}")\"")" ]; }
 files=$(our_files)
 sources=$(grep -E '^(Tests|Fuzz|Benchmarks)/.*(\.(c|cpp|h|sh)|/CMakeLists\.txt)$' <<<"$files" |
     grep -v '^Tests/Data/' || true)
-data=$(grep '^Tests/Data/' <<<"$files" || true)
+# A folder that is a document counts as one file.
+data=$(grep '^Tests/Data/' <<<"$files" | sed 's|\(\.rtfd\)/.*|\1|' | sort -u || true)
 folders=$(sed -n 's|/[^/]*$||p' <<<"$data" | sort -u)
 
 # The folders that some test walks: one source holds the walk and the folder's name.

@@ -26,7 +26,8 @@ build_list_of() {
 is_listed() {
     local list=$1 name=${2#"$(dirname "$1")/"}
     [ -f "$list" ] &&
-        sed 's/#.*//' "$list" | tr -s '[:space:]()"' '\n' | grep -Fxq -- "$name"
+        # Without -q, which ends the pipe before its writers are done and makes that a failure.
+        sed 's/#.*//' "$list" | tr -s '[:space:]()"' '\n' | grep -Fx -- "$name" >/dev/null
 }
 
 files=$(our_files)

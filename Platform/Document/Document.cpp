@@ -16,6 +16,9 @@ void Document::updateChangeCount(ChangeKind change) {
             // What was undone below the save could only come back by redoing, and a new change
             // ends that.
             changes_.hasLeftTheFile = changes_.hasLeftTheFile || changes_.count < 0;
+            if (savedChanges_ && savedChanges_->count + changes_.count < 0) {
+                savedChanges_->hasLeftTheFile = true;
+            }
             [[fallthrough]];
         case ChangeKind::Redone:
             ++changes_.count;
@@ -25,9 +28,13 @@ void Document::updateChangeCount(ChangeKind change) {
             break;
         case ChangeKind::Cleared:
             changes_ = {};
+            savedChanges_ = savedChanges_ ? std::optional(Changes()) : std::nullopt;
             break;
         case ChangeKind::ReadOtherContents:
             changes_.hasLeftTheFile = true;
+            if (savedChanges_) {
+                savedChanges_->hasLeftTheFile = true;
+            }
             break;
         case ChangeKind::Autosaved:
             // The document's own file did not change.
@@ -78,8 +85,8 @@ void Document::undoManagerDid(UndoEvent event) {
 bool Document::readFromURL(const URL& url, const std::string& ofType, ErrorLocation error) {
     // A wrapper takes a link as a link; a document is what the link leads to.
     const auto wrapper = FileWrapper::initWithPath(
-        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()), error,
-        FileReading::WhenAsked);
+        FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()),
+        FileReading::WhenAsked, error);
     return wrapper != nullptr && readFromFileWrapper(wrapper, ofType, error);
 }
 

@@ -154,7 +154,9 @@ public:
     ///
     /// After a save to the document's own file, or one that makes a file its own, the document
     /// belongs to the file and has no changes but those that were made since; autosaving elsewhere
-    /// only notes the place. A failed save leaves all that as it was, and always has an error.
+    /// only notes the place. A failed save leaves all that as it was, and always has an error. The
+    /// event ends with the beginning of a save. What writing throws comes out where the save ends,
+    /// and the handler is not called then.
     ///
     /// A save that is not asynchronous has ended when this returns. Otherwise this returns as soon
     /// as the document may be changed again, and the main queue ends the save, which keeps the
@@ -176,9 +178,10 @@ public:
     /// class leaves both aside but the type.
     ///
     /// Selector: writeToURL:ofType:forSaveOperation:originalContentsURL:error:
-    [[nodiscard]] virtual bool writeToURLForSaveOperation(
-        const URL& url, const std::string& ofType, SaveOperation forSaveOperation,
-        const std::optional<URL>& originalContentsURL, ErrorLocation error);
+    [[nodiscard]] virtual bool writeToURL(const URL& url, const std::string& ofType,
+                                          SaveOperation forSaveOperation,
+                                          const std::optional<URL>& originalContentsURL,
+                                          ErrorLocation error);
 
     /// Writes the document to `url`. This class writes the file wrapper, whose name follows.
     ///
@@ -267,7 +270,7 @@ private:
     struct Saving;
 
     void undoManagerDid(UndoEvent event);
-    void begin(std::shared_ptr<Saving> saving);
+    void begin(const std::shared_ptr<Saving>& saving);
     void beginOnThread(const std::shared_ptr<Saving>& saving);
     void write(Saving& saving);
     void end(Saving& saving);
@@ -278,7 +281,8 @@ private:
     std::optional<Date> fileModificationDate_;
     std::optional<URL> autosavedContentsFileURL_;
     Changes changes_;
-    /// While a save writes them: the changes that the file does not hold yet.
+    /// While a save writes them: the changes that the file does not hold yet. Whether the contents
+    /// have left the old file is kept here, for the case that the save fails.
     std::optional<Changes> savedChanges_;
     bool isSaving_ = false;
     std::deque<std::shared_ptr<Saving>> waitingSaves_;

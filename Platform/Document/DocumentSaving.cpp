@@ -69,7 +69,6 @@ struct Document::Saving {
     std::optional<Error> error;
     /// What writing threw, for the thread that ends the save.
     std::exception_ptr exception;
-    Gate gate;
 };
 
 void Document::saveToURL(const URL& url, const std::string& ofType, SaveOperation forSaveOperation,
@@ -79,12 +78,16 @@ void Document::saveToURL(const URL& url, const std::string& ofType, SaveOperatio
     if (isSaving_) {
         waitingSaves_.push_back(std::move(saving));
     } else {
-        begin(std::move(saving));
+        begin(saving);
     }
 }
 
-void Document::begin(std::shared_ptr<Saving> saving) {
+void Document::begin(const std::shared_ptr<Saving>& saving) {
     isSaving_ = true;
+    if (undoManager_ != nullptr) {
+        // What was done until now belongs into this file, also in the eyes of those who undo it.
+        undoManager_->endEvent();
+    }
     if (isToOwnFile(saving->operation)) {
         // What is changed from now on is not in the file.
         savedChanges_ = std::exchange(changes_, {});
@@ -98,23 +101,28 @@ void Document::begin(std::shared_ptr<Saving> saving) {
 }
 
 void Document::beginOnThread(const std::shared_ptr<Saving>& saving) {
-    const auto writeAndLeaveTheEnd = [document = shared_from_this(), saving] {
-        savesGate = &saving->gate;
-        document->write(*saving);
+    const auto gate = std::make_shared<Gate>();
+    // The thread gives away what it holds: the document must not end there.
+    const auto writeAndLeaveTheEnd = [gate](std::shared_ptr<Document> document,
+                                            std::shared_ptr<Saving> its) {
+        savesGate = gate.get();
+        document->write(*its);
         savesGate = nullptr;
-        MainQueue::mainQueue().add([document, saving] { document->end(*saving); });
-        saving->gate.open();
+        MainQueue::mainQueue().add(
+            [held = std::move(document), ending = std::move(its)] { held->end(*ending); });
+        gate->open();
     };
     try {
-        std::thread(writeAndLeaveTheEnd).detach();
+        std::thread(writeAndLeaveTheEnd, shared_from_this(), saving).detach();
     } catch (const std::system_error&) {
         // No more threads: this one will do.
-        writeAndLeaveTheEnd();
+        writeAndLeaveTheEnd(shared_from_this(), saving);
     }
-    saving->gate.wait();
+    gate->wait();
 }
 
 void Document::write(Saving& saving) {
+    clearFailure();
     try {
         saving.isWritten =
             writeSafelyToURL(saving.url, saving.type, saving.operation, &saving.error);
@@ -134,7 +142,7 @@ void Document::end(Saving& saving) {
         takeOver(saving);
     } else if (savedChanges_) {
         changes_.count += savedChanges_->count;
-        changes_.hasLeftTheFile = changes_.hasLeftTheFile || savedChanges_->hasLeftTheFile;
+        changes_.hasLeftTheFile = savedChanges_->hasLeftTheFile;
     }
     savedChanges_.reset();
     isSaving_ = false;
@@ -142,9 +150,9 @@ void Document::end(Saving& saving) {
     if (!waitingSaves_.empty()) {
         isSaving_ = true;
         MainQueue::mainQueue().add([self] {
-            auto next = std::move(self->waitingSaves_.front());
+            const auto next = std::move(self->waitingSaves_.front());
             self->waitingSaves_.pop_front();
-            self->begin(std::move(next));
+            self->begin(next);
         });
     }
     if (saving.exception != nullptr) {
@@ -179,17 +187,18 @@ bool Document::writeSafelyToURL(const URL& url, const std::string& ofType,
         leaveError(error, std::move(refusal));
         return false;
     };
-    StagedItem staged(url.path());
+    // A link stays, and what it leads to is written, as that is what is read.
+    StagedItem staged(FileManager::defaultManager().stringByResolvingSymlinksInPath(url.path()));
     if (!staged.isMade()) {
         return refuse(errno);
     }
     const URL beside = URL::fileURLWithPath(staged.path());
-    return writeToURLForSaveOperation(beside, ofType, forSaveOperation, fileURL_, error) &&
+    return writeToURL(beside, ofType, forSaveOperation, fileURL_, error) &&
            (staged.putInPlace() || refuse(errno));
 }
 
-bool Document::writeToURLForSaveOperation(const URL& url, const std::string& ofType, SaveOperation,
-                                          const std::optional<URL>&, ErrorLocation error) {
+bool Document::writeToURL(const URL& url, const std::string& ofType, SaveOperation,
+                          const std::optional<URL>&, ErrorLocation error) {
     return writeToURL(url, ofType, error);
 }
 

@@ -10,11 +10,18 @@
 namespace platform {
 namespace {
 
+/// Raises unless the index is below `end`.
+void checkIndex(std::uint64_t index, std::uint64_t end) {
+    if (index >= end) {
+        raise(RangeException("index " + std::to_string(index) + " beyond an array of " +
+                             std::to_string(end)));
+    }
+}
+
 /// Raises unless all indexes are below `end`.
 void checkIndexes(const IndexSet& indexes, std::uint64_t end) {
-    if (!indexes.isEmpty() && indexes.lastIndex() >= end) {
-        raise(RangeException("index " + std::to_string(indexes.lastIndex()) +
-                             " beyond an array of " + std::to_string(end)));
+    if (!indexes.isEmpty()) {
+        checkIndex(indexes.lastIndex(), end);
     }
 }
 
@@ -80,17 +87,17 @@ void replaceObjectsAtIndexes(Array& array, const IndexSet& indexes, const Array&
 }
 
 const Value& objectAtIndex(const Array& array, std::uint64_t index) {
-    checkIndexes(IndexSet{index}, array.size());
+    checkIndex(index, array.size());
     return array[index];
 }
 
 void insertObject(Array& array, Value object, std::uint64_t atIndex) {
-    checkIndexes(IndexSet{atIndex}, array.size() + 1);
+    checkIndex(atIndex, array.size() + 1);
     array.insert(array.begin() + offset(atIndex), std::move(object));
 }
 
 void removeObjectAtIndex(Array& array, std::uint64_t index) {
-    checkIndexes(IndexSet{index}, array.size());
+    checkIndex(index, array.size());
     array.erase(array.begin() + offset(index));
 }
 

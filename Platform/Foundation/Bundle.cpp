@@ -161,6 +161,9 @@ void Bundle::setMainBundle(std::string_view identifier, std::string_view shortVe
 }
 
 void Bundle::setMainBundle(std::shared_ptr<const Bundle> bundle) {
+    if (!require(bundle != nullptr, "bundle != nil", {__FILE__, __LINE__})) {
+        return;
+    }
     auto named = std::make_unique<const MainBundle>(std::move(bundle));
     const MainBundle* before = nullptr;
     if (namedMainBundle_.compare_exchange_strong(before, named.get(), std::memory_order_release,

@@ -108,6 +108,11 @@ bool copyLink(const std::string& path, const std::string& toPath) {
     return !failure;
 }
 
+std::string itemIn(const std::string& folder, const std::string& name) {
+    std::string path = folder;
+    return path.append("/").append(name);
+}
+
 /// The names in a folder, as far as they can be read.
 std::vector<std::string> namesInFolder(const std::string& path, std::error_code& failure) {
     std::vector<std::string> names;
@@ -161,7 +166,7 @@ bool FileManager::removeTree(const std::string& path) const {
     // Something below it can't be removed; the rest goes.
     if (fs::symlink_status(path, failure).type() == fs::file_type::directory) {
         for (const std::string& name : namesInFolder(path, failure)) {
-            if (!removeTree(path + "/" + name)) {
+            if (!removeTree(itemIn(path, name))) {
                 return false;
             }
         }
@@ -180,17 +185,16 @@ bool FileManager::copyItemAtPath(const std::string& path, const std::string& toP
 
 bool FileManager::copyTree(const std::string& path, const std::string& toPath) const {
     struct stat info = {};
-    bool isCopied = false;
-    if (::lstat(path.c_str(), &info) == 0) {
-        if (S_ISDIR(info.st_mode)) {
-            return copyFolder(path, toPath);
-        }
-        if (S_ISREG(info.st_mode) || S_ISLNK(info.st_mode)) {
-            isCopied = S_ISLNK(info.st_mode) ? copyLink(path, toPath) : copyFile(path, toPath);
-        } else {
-            errno = EINVAL;
-        }
+    if (::lstat(path.c_str(), &info) != 0) {
+        return shouldProceedAfterError(notedError(errno, path));
     }
+    if (S_ISDIR(info.st_mode)) {
+        return copyFolder(path, toPath);
+    }
+    if (!S_ISREG(info.st_mode) && !S_ISLNK(info.st_mode)) {
+        return shouldProceedAfterError(notedError(EINVAL, path));
+    }
+    const bool isCopied = S_ISLNK(info.st_mode) ? copyLink(path, toPath) : copyFile(path, toPath);
     return isCopied || shouldProceedAfterError(notedError(errno, toPath));
 }
 
@@ -203,7 +207,7 @@ bool FileManager::copyFolder(const std::string& path, const std::string& toPath)
     }
     std::error_code failure;
     for (const std::string& name : namesInFolder(path, failure)) {
-        if (!copyTree(path + "/" + name, toPath + "/" + name)) {
+        if (!copyTree(itemIn(path, name), itemIn(toPath, name))) {
             return false;
         }
     }

@@ -82,10 +82,15 @@ std::shared_ptr<FileWrapper> FileWrapper::initSymbolicLinkWithDestination(std::s
     return wrapper;
 }
 
-std::shared_ptr<FileWrapper> FileWrapper::initWithPath(const std::string& path, ErrorLocation error,
-                                                       FileReading reading) {
+std::shared_ptr<FileWrapper> FileWrapper::initWithPath(const std::string& path,
+                                                       ErrorLocation error) {
+    return initWithPath(path, FileReading::Immediate, error);
+}
+
+std::shared_ptr<FileWrapper> FileWrapper::initWithPath(const std::string& path, FileReading options,
+                                                       ErrorLocation error) {
     auto wrapper = std::make_shared<FileWrapper>(Creation());
-    return wrapper->initFromPath(path, error, reading) ? wrapper : nullptr;
+    return wrapper->initFromPath(path, error, options) ? wrapper : nullptr;
 }
 
 std::shared_ptr<FileWrapper> FileWrapper::initWithContents(FileWrapperContents contents) {

@@ -61,16 +61,23 @@ public:
     [[nodiscard]] static std::shared_ptr<FileWrapper> initSymbolicLinkWithDestination(
         std::string destination);
 
-    /// Returns what is at `path`; links are not followed. Folders come with all they hold, hidden
-    /// files too, in the order of their names. Of files in folders that are read when asked for,
-    /// only the places are taken down: such a file has no contents when it can't be read any more.
+    /// Returns what is at `path`, all of it read now; links are not followed. Folders come with all
+    /// they hold, hidden files too, in the order of their names.
     ///
     /// Returns null and leaves an error of the platform's domain when anything cannot be read, is
     /// neither file nor folder nor link, or lies more than 128 folders deep.
     ///
     /// Selector: initWithPath:error:
-    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithPath(
-        const std::string& path, ErrorLocation error, FileReading reading = FileReading::Immediate);
+    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithPath(const std::string& path,
+                                                                   ErrorLocation error);
+
+    /// The same with a choice. Of files in folders that are read when asked for, only the places
+    /// are taken down: such a file has no contents when it can't be read any more.
+    ///
+    /// Selector: initWithPath:options:error:
+    [[nodiscard]] static std::shared_ptr<FileWrapper> initWithPath(const std::string& path,
+                                                                   FileReading options,
+                                                                   ErrorLocation error);
 
     /// Returns a wrapper of what a reader has found.
     [[nodiscard]] static std::shared_ptr<FileWrapper> initWithContents(

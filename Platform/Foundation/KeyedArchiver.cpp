@@ -363,6 +363,14 @@ Data KeyedArchiver::archivedDataWithRootObject(const Value& root) {
     return archiver->encodedData();
 }
 
+Result<Data> KeyedArchiver::archiveOfRootObject(const Value& root) {
+    try {
+        return archivedDataWithRootObject(root);
+    } catch (const ArchiveException& exception) {
+        return Fault{FaultCode::Unsupported, exception.reason()};
+    }
+}
+
 void KeyedArchiver::encodeObject(const Value& object, std::string_view forKey) {
     archive_->set(KeyedArchiveTable::spelling(forKey), archive_->reference(object));
 }

@@ -17,6 +17,7 @@
 #include "Platform/Foundation/Data.h"
 #include "Platform/Foundation/OpaqueObject.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/Result.h"
 #include "Platform/Foundation/Value.h"
 
 namespace platform {
@@ -37,6 +38,10 @@ public:
     ///
     /// Selector: archivedDataWithRootObject:
     [[nodiscard]] static Data archivedDataWithRootObject(const Value& root);
+
+    /// Does the same, but answers a Fault where the other raises ArchiveException: for a root with
+    /// something in it that has no archived form, or that is nested too deep.
+    [[nodiscard]] static Result<Data> archiveOfRootObject(const Value& root);
 
     /// The format of the finished archive; binary until it is set, XML is the other.
     [[nodiscard]] PropertyListFormat outputFormat() const { return format_; }

@@ -22,7 +22,8 @@ public:
 
     void add(Job job);
 
-    /// Does the jobs that are there, and those that they leave.
+    /// Does the jobs that are there, and those that they leave. What a job throws comes out; the
+    /// jobs behind it stay.
     void run();
 
     /// Does jobs, and waits for more, until `isDone` says so, which is asked before the first job

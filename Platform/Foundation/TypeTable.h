@@ -96,7 +96,10 @@ inline constexpr auto kTypeTable = std::to_array<TypeRow>({
     // Documents of more than text.
     taken({"com.apple.rtfd", {"com.apple.package", "public.composite-content"}, {"rtfd"}, {}}),
     taken({"com.apple.flat-rtfd", {"public.data", "public.composite-content"}, {}, {}}),
-    {"com.adobe.pdf", {"public.data", "public.composite-content"}, {"pdf"}, {"application/pdf"}},
+    taken({"com.adobe.pdf",
+           {"public.data", "public.composite-content"},
+           {"pdf"},
+           {"application/pdf"}}),
     {"com.apple.webarchive",
      {"public.data", "public.composite-content"},
      {"webarchive"},

@@ -166,9 +166,10 @@ void appendRtfText(std::string& rtf, std::u16string_view text) {
         } else if (unit == u'\u2028') {
             rtf += "\\line ";
         } else {
-            // The sign behind is for readers that know no Unicode.
+            // The question mark behind is for readers that know no Unicode. As it is, some readers
+            // that do would take the blank behind it for its end.
             appendWord(rtf, "\\u", static_cast<std::int16_t>(unit));
-            rtf += '?';
+            rtf += "\\'3f";
         }
     }
 }

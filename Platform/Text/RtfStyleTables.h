@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -40,9 +41,10 @@ private:
 
     Words words_;
     Words paragraphWords_;
-    std::unordered_map<std::string, std::size_t> fonts_;
+    // Names come from documents: ordered, they cost the same whatever they are.
+    std::map<std::string, std::size_t> fonts_;
     std::vector<std::string> fontNames_;
-    std::unordered_map<std::string, std::size_t> colors_;
+    std::map<std::string, std::size_t> colors_;
     std::vector<std::string> colorEntries_;
 };
 

@@ -33,7 +33,7 @@ std::optional<std::u16string> linkIn(const Attributes& attributes) {
 }
 
 bool isAttachment(const Attributes& attributes) {
-    return attributes != nullptr && attributes->find(kAttachmentAttributeName) != nullptr;
+    return attributes != nullptr && !(*attributes)[kAttachmentAttributeName].isNull();
 }
 
 /// Puts the body together, run by run.

@@ -1,10 +1,11 @@
 #include "Platform/Text/RtfdReader.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 #include "Platform/Foundation/AsciiCase.h"
@@ -41,7 +42,7 @@ Result<AttributedString> textOfFolder(const FileWrapper& wrapper) {
         return AttributedString(PV_TRY(plainTextFromBytes(contents->view())));
     }
     // A file that the text shows twice is one attachment, so that it is read once, by one thread.
-    std::unordered_map<std::string, std::shared_ptr<const TextAttachment>> attachments;
+    std::map<std::string, std::shared_ptr<const TextAttachment>, std::less<>> attachments;
     return attributedStringFromRtf(*contents, [&](std::string_view name) {
         auto& attachment = attachments[std::string(name)];
         auto file = attachment == nullptr ? wrapper.fileWrapperForKey(name) : nullptr;

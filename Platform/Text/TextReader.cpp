@@ -21,6 +21,7 @@ Result<AttributedString> attributedStringFromData(const Data& data, TextFormat o
             return attributedStringFromFlatRtfd(data);
         case TextFormat::Html:
             return attributedStringFromHtml(data);
+        case TextFormat::Pdf:
         case TextFormat::Binary:
             return Fault{FaultCode::Unsupported, "no text: " + std::string(name)};
         default:

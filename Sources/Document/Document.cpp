@@ -11,6 +11,7 @@
 #include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextUnarchiver.h"
 #include "Sources/TextImport/ImportUtils.h"
+#include "Sources/TextImport/PDFImporter.h"
 
 namespace parlavox {
 
@@ -169,9 +170,12 @@ bool Document::readFromFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
 
 bool Document::readFromData(const Data& data, const std::string& ofType, ErrorLocation) {
     if (TypeRegistry::typeConformsToType(ofType, kPdfType)) {
-        // FIXME: extract the pages' text.
-        noteFailure("PDF is not read yet");
-        return false;
+        auto pages = PDFImporter::createStringFromPDFData(data);
+        if (!pages) {
+            return false;
+        }
+        replaceRealStorageWithAttributedString(*std::move(pages));
+        return true;
     }
     const bool isHtml = TypeRegistry::typeConformsToType(ofType, kHtmlType);
     const auto text = platform::attributedStringFromData(

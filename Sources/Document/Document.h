@@ -189,6 +189,8 @@ public:
 
     // Saving.
 
+    using platform::Document::writeToURL;
+
     /// Writes a package with the templates, the settings and the header, all stored; not the text,
     /// by intention. Never leaves an error. Other types are written as the base class does.
     ///

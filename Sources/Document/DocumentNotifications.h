@@ -7,9 +7,11 @@
 namespace parlavox {
 
 /// Posted when a save has succeeded; on the thread that was told of its end, and after that.
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the platform gives such constants.
 inline constexpr char DocumentDidSaveNotification[] = "DocumentDidSaveNotification";
 
 /// Posted when templates were inserted, removed or moved, with some of the following.
+// NOLINTNEXTLINE(readability-identifier-naming): the same.
 inline constexpr char DocumentCustomTagTemplatesDidChangeNotification[] =
     "DocumentCustomTagTemplatesDidChangeNotification";
 

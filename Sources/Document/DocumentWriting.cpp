@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/Bundle.h"
 #include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/KeyedArchiver.h"
 #include "Platform/Foundation/Log.h"
 #include "Platform/Foundation/NotificationCenter.h"
@@ -20,7 +21,6 @@
 
 namespace parlavox {
 
-using platform::AttributedString;
 using platform::Bundle;
 using platform::Data;
 using platform::Dictionary;
@@ -81,12 +81,19 @@ bool Document::writeToURL(const URL& url, const std::string& ofType, ErrorLocati
         return platform::Document::writeToURL(url, ofType, error);
     }
     std::vector<FileWrapperEntry> members;
+    // What cannot be archived is left out, by intention.
+    const auto addArchive = [&members](std::string_view name, const Value& root) {
+        auto archive = KeyedArchiver::archiveOfRootObject(root);
+        if (archive) {
+            members.push_back(member(name, std::move(archive).value()));
+        } else {
+            platform::noteFailure(std::string(name) + ": " + archive.fault().detail);
+        }
+    };
     if (customTagTemplates_ && !customTagTemplates_->empty()) {
-        members.push_back(member(kTagTemplatesMember, KeyedArchiver::archivedDataWithRootObject(
-                                                          Value(*customTagTemplates_))));
+        addArchive(kTagTemplatesMember, Value(*customTagTemplates_));
     }
-    members.push_back(member(kDocumentSettingsMember,
-                             KeyedArchiver::archivedDataWithRootObject(settingsDictionary())));
+    addArchive(kDocumentSettingsMember, settingsDictionary());
     unblockUserInteraction();
     auto contents = platform::PropertyListSerialization::dataWithPropertyList(
         Value(metadataDictionary()), platform::PropertyListFormat::Xml);

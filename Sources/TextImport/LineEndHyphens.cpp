@@ -1,6 +1,7 @@
 #include "Sources/TextImport/LineEndHyphens.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <utility>
 
@@ -56,34 +57,40 @@ bool LineEndHyphens::shouldDelete(Range hyphen) {
         return false;
     }
     const auto language = checkedLanguageOf(*word);
-    return !language || shouldJoin(*word, *language);
+    return !language || reasonFor(*word, *language) != HyphenReason::Compound;
 }
 
-std::vector<Range> LineEndHyphens::rangesToDelete() {
-    std::vector<Range> ranges;
-    std::map<std::string, std::vector<BrokenWord>> wordsByLanguage;
+std::vector<HyphenDecision> LineEndHyphens::decisions() {
+    std::vector<HyphenDecision> decisions;
+    std::map<std::string, std::vector<std::size_t>> placesByLanguage;
     for (std::size_t found = findHyphenAndBlank(string_, 0); found != std::u16string_view::npos;
          found = findHyphenAndBlank(string_, found + kHyphenAndBlank.size())) {
         const auto word = brokenWordAt({found, kHyphenAndBlank.size()});
         if (!word) {
             continue;
         }
-        if (const auto language = checkedLanguageOf(*word)) {
-            wordsByLanguage[*language].push_back(*word);
-        } else {
-            ranges.push_back(word->hyphen);
+        auto language = checkedLanguageOf(*word);
+        if (language) {
+            placesByLanguage[*language].push_back(decisions.size());
+        }
+        decisions.push_back({word->hyphen, word->apart, std::move(language)});
+    }
+    for (const auto& [language, places] : placesByLanguage) {
+        for (const std::size_t place : places) {
+            HyphenDecision& decision = decisions[place];
+            decision.reason = reasonFor({decision.hyphen, decision.apart}, language);
         }
     }
-    for (const auto& [language, words] : wordsByLanguage) {
-        for (const BrokenWord& word : words) {
-            if (shouldJoin(word, language)) {
-                ranges.push_back(word.hyphen);
-            }
+    return decisions;
+}
+
+std::vector<Range> LineEndHyphens::rangesToDelete() {
+    std::vector<Range> ranges;
+    for (const HyphenDecision& decision : decisions()) {
+        if (decision.isDeleted()) {
+            ranges.push_back(decision.hyphen);
         }
     }
-    std::sort(ranges.begin(), ranges.end(), [](const Range& first, const Range& second) {
-        return first.location < second.location;
-    });
     return ranges;
 }
 
@@ -103,15 +110,17 @@ std::optional<std::string> LineEndHyphens::checkedLanguageOf(const BrokenWord& w
     return language && canCheck(*language) ? std::move(language) : std::nullopt;
 }
 
-/// Whether a word is right when it is joined, or wrong as it stands.
-bool LineEndHyphens::shouldJoin(const BrokenWord& word, const std::string& language) const {
+HyphenReason LineEndHyphens::reasonFor(const BrokenWord& word, const std::string& language) const {
     const std::u16string_view apart = string_.substr(word.apart.location, word.apart.length);
     std::u16string joined(apart);
     joined.erase(word.hyphen.location - word.apart.location, word.hyphen.length);
     const auto isRight = [&](std::u16string_view text) {
         return checker_.checkSpellingOfString(text, 0, language).length == 0;
     };
-    return isRight(joined) || !isRight(apart);
+    if (isRight(joined)) {
+        return HyphenReason::JoinedRight;
+    }
+    return isRight(apart) ? HyphenReason::Compound : HyphenReason::ApartWrong;
 }
 
 /// Where the word begins that ends at `end`; nothing when none does.

@@ -17,6 +17,26 @@
 
 namespace parlavox {
 
+/// Why a "- " between two words goes or stays.
+enum class HyphenReason : std::uint8_t {
+    NoDictionary,  ///< goes: no language is found there, or none that can be checked
+    JoinedRight,   ///< goes: the words are right when they are joined
+    ApartWrong,    ///< goes: the words are misspelled either way
+    Compound,      ///< stays: the words are right with the hyphen and not without it
+};
+
+/// A "- " directly between two words, and what becomes of it.
+struct HyphenDecision {
+    platform::Range hyphen;
+    /// The words with the hyphen.
+    platform::Range apart;
+    /// The language whose spelling decided; nothing when none did.
+    std::optional<std::string> language;
+    HyphenReason reason = HyphenReason::NoDictionary;
+
+    [[nodiscard]] bool isDeleted() const { return reason != HyphenReason::Compound; }
+};
+
 /// The rule of ImportUtils::shouldDeleteHyphenAtRange for the hyphens of one text. Those in
 /// ascending order cost little more than the text around them.
 class LineEndHyphens {
@@ -34,8 +54,11 @@ public:
     /// Raises RangeException when the range does not lie in the text.
     [[nodiscard]] bool shouldDelete(platform::Range hyphen);
 
-    /// Returns the ranges of all "- " that are to be deleted, in the order of the text. Asks for
-    /// the words of one language after those of another, so that each dictionary is loaded once.
+    /// Decides about all "- " directly between two words, in the order of the text. Asks for the
+    /// words of one language after those of another, so that each dictionary is loaded once.
+    [[nodiscard]] std::vector<HyphenDecision> decisions();
+
+    /// Returns the ranges of all "- " that are to be deleted, in the order of the text.
     [[nodiscard]] std::vector<platform::Range> rangesToDelete();
 
 private:
@@ -47,7 +70,7 @@ private:
 
     [[nodiscard]] std::optional<BrokenWord> brokenWordAt(platform::Range hyphen) const;
     [[nodiscard]] std::optional<std::string> checkedLanguageOf(const BrokenWord& word);
-    [[nodiscard]] bool shouldJoin(const BrokenWord& word, const std::string& language) const;
+    [[nodiscard]] HyphenReason reasonFor(const BrokenWord& word, const std::string& language) const;
     [[nodiscard]] std::optional<std::uint64_t> startOfWordBefore(std::uint64_t end) const;
     [[nodiscard]] std::optional<std::uint64_t> endOfWordBehind(std::uint64_t start) const;
     [[nodiscard]] bool canCheck(const std::string& language) const;

@@ -58,16 +58,16 @@ TEST_F(ProgramTest, PrintsHeadersBeforeTheTextsOfSeveralFiles) {
 
 TEST_F(ProgramTest, GoesOnAfterWhatIsNotToBeRead) {
     folder.write("a.txt", "One\n");
-    folder.write("b.pdf", "none");
+    folder.write("b.xml", "none");
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
     std::filesystem::create_directory(folder.path("folder"));
     std::filesystem::current_path(folder.path());
-    expectRun(Program::run({"text", "pipe", "/dev/zero", "folder", "b.pdf", "a.txt"}), 1,
+    expectRun(Program::run({"text", "pipe", "/dev/zero", "folder", "b.xml", "a.txt"}), 1,
               "==> a.txt <==\nOne\n",
               "pvindex: pipe: not a regular file\n"
               "pvindex: /dev/zero: not a regular file\n"
               "pvindex: folder: no importer takes public.folder (--type names another type)\n"
-              "pvindex: b.pdf: no importer takes com.adobe.pdf (--type names another type)\n");
+              "pvindex: b.xml: no importer takes public.xml (--type names another type)\n");
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeReadAreNamedWithTheSystemsText) {

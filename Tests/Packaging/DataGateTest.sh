@@ -29,6 +29,16 @@ write Tests/Data/whole/deep/three.txt '3'
 expect_ok "a folder below one that is walked"
 
 sound_tree
+write Tests/Data/whole/README.md 'Origin: us. Licence: MIT.' 'one, two and three.rtfd'
+write Tests/Data/whole/three.rtfd/TXT.rtf 'text'
+write Tests/Data/whole/three.rtfd/picture.png 'picture'
+expect_ok "a document that is a folder"
+
+sound_tree
+write Tests/Data/whole/three.rtfd/TXT.rtf 'text'
+expect_finding "a document of unknown origin" "Tests/Data/whole/three.rtfd: Tests/Data/whole/README.md"
+
+sound_tree
 write Tests/Platform/LetterTest.cpp 'read(dataPath("letters/a.txt"));'
 expect_finding "a file that nobody names" "Tests/Data/letters/b.txt: no test reads it"
 

@@ -1,13 +1,19 @@
 #include "Tools/pvdoc/ArchiveListing.h"
 
+#include <unistd.h>
+
+#include <functional>
 #include <utility>
 
+#include "Platform/Foundation/Buffer.h"
 #include "Platform/Foundation/Range.h"
 #include "Sources/CocoaExtensions/Zip/ZipRecords.h"
+#include "Tools/pvdoc/InputFile.h"
 
 namespace pvdoc {
 
 using parlavox::SFileHeader;
+using platform::Buffer;
 using platform::Data;
 using platform::Fault;
 using platform::FaultCode;
@@ -36,28 +42,34 @@ Result<ListedMember> readRecord(const Data& directory, std::uint64_t& position) 
     }
     position = name.location + name.length + header.ExtraFieldLength + header.CommentLength;
     return ListedMember{std::string(directory.subdataWithRange(name).view()),
-                        header.CompressionMethod, header.DataDescriptor.CompressedSize,
-                        header.DataDescriptor.UncompressedSize, header.DataDescriptor.CRC32};
+                        header.CompressionMethod,
+                        header.GeneralBitFlag,
+                        header.DataDescriptor.CompressedSize,
+                        header.DataDescriptor.UncompressedSize,
+                        header.DataDescriptor.CRC32};
 }
 
-}  // namespace
+/// Reads bytes of an archive.
+using Part = std::function<Result<Data>(Range range)>;
 
-Result<ArchiveListing> listArchive(const Data& archive) {
-    if (archive.size() < parlavox::kDirectorySize) {
+Result<ArchiveListing> listParts(std::uint64_t size, const Part& part) {
+    if (size < parlavox::kDirectorySize) {
         return Fault{FaultCode::Malformed, "shorter than an end record"};
     }
     ArchiveListing listing;
-    listing.endRecord = archive.size() - parlavox::kDirectorySize;
-    const auto end = parlavox::directoryFromBytes(archive.bytes() + listing.endRecord);
+    listing.endRecord = size - parlavox::kDirectorySize;
+    const Data record = PV_TRY(part({listing.endRecord, parlavox::kDirectorySize}));
+    const auto end = parlavox::directoryFromBytes(record.bytes());
     if (end.Signature != parlavox::kDirectorySignature) {
         return Fault{FaultCode::Malformed, "no end record in its last 22 bytes"};
     }
     const Range directoryRange{end.DirectoryOffset, end.DirectorySize};
-    if (!directoryRange.liesWithin(archive.size())) {
+    if (!directoryRange.liesWithin(size)) {
         return Fault{FaultCode::Malformed, "a central directory outside of the file"};
     }
+    listing.directoryEnd = directoryRange.location + directoryRange.length;
     listing.declaredCount = end.TotalEntries;
-    const Data directory = archive.subdataWithRange(directoryRange);
+    const Data directory = PV_TRY(part(directoryRange));
     std::uint64_t position = 0;
     while (listing.members.size() < listing.declaredCount) {
         auto member = readRecord(directory, position);
@@ -68,6 +80,37 @@ Result<ArchiveListing> listArchive(const Data& archive) {
         listing.members.push_back(std::move(member).value());
     }
     return listing;
+}
+
+Result<Data> readPart(const platform::FileDescriptor& file, Range range) {
+    Buffer bytes = Buffer::zeroed(range.length);
+    if (::lseek(file.number(), static_cast<off_t>(range.location), SEEK_SET) < 0 ||
+        file.readFully(bytes.span()) != static_cast<std::int64_t>(range.length)) {
+        return Fault{FaultCode::System, "can't be read to its end"};
+    }
+    return Data::adopt(std::move(bytes));
+}
+
+}  // namespace
+
+Result<ArchiveListing> listArchive(const Data& archive) {
+    return listParts(archive.size(),
+                     [&](Range range) -> Result<Data> { return archive.subdataWithRange(range); });
+}
+
+Result<ArchiveListing> listArchiveFile(const std::string& path) {
+    const auto file = PV_TRY(openFile(path));
+    return listParts(file.size, [&](Range range) { return readPart(file.descriptor, range); });
+}
+
+platform::Outcome refuseEmptyFiles(const ArchiveListing& listing) {
+    for (const ListedMember& member : listing.members) {
+        if (!member.isFolder() && member.size == 0) {
+            return Fault{FaultCode::Unsupported,
+                         member.name + ": an empty file, which archives of this form don't list"};
+        }
+    }
+    return platform::done();
 }
 
 std::string methodName(std::uint16_t method) {

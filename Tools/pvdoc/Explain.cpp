@@ -9,6 +9,7 @@
 
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/TypeRegistry.h"
 #include "Platform/Foundation/Unicode.h"
 #include "Sources/CocoaExtensions/Zip/ZipWrapper.h"
 #include "Sources/Document/Document.h"
@@ -18,6 +19,7 @@
 #include "Tools/pvdoc/ArchiveListing.h"
 #include "Tools/pvdoc/FileType.h"
 #include "Tools/pvdoc/Header.h"
+#include "Tools/pvdoc/Hyphens.h"
 #include "Tools/pvdoc/InputFile.h"
 #include "Tools/pvdoc/Languages.h"
 #include "Tools/pvdoc/ObjectSurvey.h"
@@ -199,7 +201,7 @@ bool explainResult(const std::string& path, const std::string& type, Report& rep
 }  // namespace
 
 Result<Explanation> explain(const std::string& path) {
-    const Data contents = PV_TRY(readFile(path));
+    const Data contents = PV_TRY(readDocumentFile(path));
     Report report;
     report.add("file", path + ", " + counted(contents.size(), "byte"));
     const auto [type, reason] = typeOfFile(path, contents);
@@ -212,6 +214,8 @@ Result<Explanation> explain(const std::string& path) {
                               : "imported: the text reader finds the format");
         if (parlavox::isPackageType(type)) {
             explainPackage(contents, report);
+        } else if (platform::TypeRegistry::typeConformsToType(type, "com.adobe.pdf")) {
+            reportHyphens(contents, report);
         }
         explanation.isRead = explainResult(path, type, report);
     } catch (const std::exception& exception) {

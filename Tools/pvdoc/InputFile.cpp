@@ -5,9 +5,12 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "Platform/Foundation/FileContents.h"
-#include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/PathString.h"
+#include "Platform/Foundation/TypeRegistry.h"
 
 namespace pvdoc {
 
@@ -15,8 +18,10 @@ using platform::Data;
 using platform::Fault;
 using platform::FaultCode;
 
-platform::Result<Data> readFile(const std::string& path) {
-    const auto file = platform::FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
+using platform::Result;
+
+Result<InputFile> openFile(const std::string& path) {
+    auto file = platform::FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return Fault{FaultCode::System, std::strerror(errno)};
@@ -24,11 +29,26 @@ platform::Result<Data> readFile(const std::string& path) {
     if (!S_ISREG(status.st_mode)) {
         return Fault{FaultCode::System, "not a regular file"};
     }
-    auto contents = platform::contentsOfFile(file, static_cast<std::size_t>(status.st_size));
+    return InputFile{std::move(file), static_cast<std::uint64_t>(status.st_size)};
+}
+
+Result<Data> readFile(const std::string& path) {
+    const InputFile file = PV_TRY(openFile(path));
+    auto contents = platform::contentsOfFile(file.descriptor, file.size);
     if (!contents) {
         return Fault{FaultCode::System, std::strerror(errno)};
     }
     return *std::move(contents);
+}
+
+Result<Data> readDocumentFile(const std::string& path) {
+    const auto types =
+        platform::TypeRegistry::typesForFilenameExtension(platform::pathExtension(path));
+    const bool isPackage = !types.empty() && platform::TypeRegistry::typeConformsToType(
+                                                 types.front(), "com.apple.package");
+    const auto attributes = platform::FileManager::defaultManager().attributesOfItemAtPath(path);
+    const bool isFolder = attributes && attributes->type == platform::FileType::Directory;
+    return isPackage && isFolder ? Data() : readFile(path);
 }
 
 }  // namespace pvdoc

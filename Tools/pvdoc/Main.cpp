@@ -8,6 +8,7 @@
 #include <string>
 #include <system_error>
 
+#include "Platform/Foundation/Bundle.h"
 #include "Tools/pvdoc/CommandLine.h"
 #include "Tools/pvdoc/Explain.h"
 #include "Tools/pvdoc/Info.h"
@@ -36,8 +37,12 @@ private:
     std::string path_;
 };
 
-int fail(std::string_view message) {
+void warn(std::string_view message) {
     std::fprintf(stderr, "pvdoc: %s\n", pvdoc::shownInLine(message).c_str());
+}
+
+int fail(std::string_view message) {
+    warn(message);
     return pvdoc::kFailed;
 }
 
@@ -87,12 +92,56 @@ int clean(const Request& request) {
     return count ? end(pvdoc::kDone) : failAt(request.file, count.fault());
 }
 
+int endWith(const platform::Outcome& outcome) {
+    return outcome ? pvdoc::kDone : fail(outcome.fault().detail);
+}
+
+int saveDocument(const pvdoc::Conversion& conversion) {
+    const auto saved = pvdoc::save(conversion);
+    if (!saved) {
+        return fail(saved.fault().detail);
+    }
+    return print(pvdoc::shownInLine(conversion.target) +
+                     ": saved without its text, as this format's own save does; pvdoc pack makes "
+                     "documents with their text\n",
+                 pvdoc::kDone);
+}
+
+int showTemplates(const pvdoc::TemplatesOptions& options) {
+    const auto listing = pvdoc::templates(options);
+    return listing ? print(listing.value(), pvdoc::kDone) : fail(listing.fault().detail);
+}
+
+int zipFolder(const pvdoc::ZipOptions& options) {
+    constexpr std::size_t kShown = 5;
+    const auto emptyFiles = pvdoc::zip(options);
+    if (!emptyFiles) {
+        return fail(emptyFiles.fault().detail);
+    }
+    const auto& paths = emptyFiles.value();
+    for (std::size_t i = 0; i < paths.size() && i < kShown; ++i) {
+        warn(paths[i] + ": is empty; the format lists no empty files, so it will not be found");
+    }
+    if (paths.size() > kShown) {
+        warn("and " + std::to_string(paths.size() - kShown) + " more empty files");
+    }
+    return pvdoc::kDone;
+}
+
 int fulfil(const Request& request) {
     switch (request.command) {
-        case pvdoc::Command::Pack: {
-            const auto packed = pvdoc::pack(request.pack);
-            return packed ? pvdoc::kDone : fail(packed.fault().detail);
-        }
+        case pvdoc::Command::Pack:
+            return endWith(pvdoc::pack(request.pack));
+        case pvdoc::Command::Save:
+            return saveDocument(request.conversion);
+        case pvdoc::Command::Export:
+            return endWith(pvdoc::exportText(request.conversion, request.exportFormat));
+        case pvdoc::Command::Templates:
+            return showTemplates(request.templates);
+        case pvdoc::Command::Zip:
+            return zipFolder(request.zip);
+        case pvdoc::Command::Unzip:
+            return endWith(pvdoc::unzip(request.unzip));
         case pvdoc::Command::Info: {
             const auto report = pvdoc::info(request.file);
             return report ? print(report.value(), pvdoc::kDone)
@@ -113,6 +162,7 @@ int fulfil(const Request& request) {
 int run(int argc, const char* const* argv) {
     const auto commandLine = pvdoc::CommandLine::read(argc, argv);
     if (commandLine.request) {
+        platform::Bundle::setMainBundle("com.brightmill.pvdoc", PV_VERSION);
         const ScratchFolder scratch;
         return fulfil(*commandLine.request);
     }

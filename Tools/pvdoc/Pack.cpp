@@ -1,49 +1,57 @@
 #include "Tools/pvdoc/Pack.h"
 
 #include <memory>
+#include <string_view>
+#include <utility>
 
 #include "Platform/Foundation/Clock.h"
-#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/FileWrapper.h"
 #include "Platform/Foundation/PathString.h"
 #include "Platform/Foundation/PropertyListSerialization.h"
+#include "Platform/Foundation/TypeRegistry.h"
+#include "Platform/Text/TextFormat.h"
 #include "Platform/Text/TextReader.h"
 #include "Sources/Document/PackageFormat.h"
+#include "Sources/Document/PackageHeader.h"
 #include "Sources/Document/TextArchiver.h"
+#include "Tools/pvdoc/ArchiveWriting.h"
+#include "Tools/pvdoc/FileType.h"
 #include "Tools/pvdoc/InputFile.h"
 #include "Tools/pvdoc/MarkedUpText.h"
-#include "Tools/samples/ZipBuilder.h"
+#include "Tools/pvdoc/TextOfFile.h"
 
 namespace pvdoc {
 
 using platform::AttributedString;
 using platform::Data;
 using platform::Dictionary;
-using platform::Fault;
-using platform::FaultCode;
-using platform::FileManager;
+using platform::FileWrapperEntry;
 using platform::Outcome;
 using platform::Result;
 using platform::Value;
 
 namespace {
 
-Fault inFile(const std::string& path, const Fault& fault) {
-    return {fault.code, path + ": " + fault.detail, true};
+/// The text of plain text with its marks obeyed; attachments lie in the folder of `source`.
+Result<AttributedString> markedUpText(const std::string& source, const Data& contents) {
+    const auto text = PV_TRY(platform::attributedStringFromData(contents));
+    const std::string folder = platform::stringByDeletingLastPathComponent(source);
+    return attributedTextFromMarks(text.string(), [&](const std::string& name) -> Result<Data> {
+        auto attachment = readFile(platform::stringByAppendingPathComponent(folder, name));
+        return attachment ? std::move(attachment) : Result<Data>(inFile(name, attachment.fault()));
+    });
 }
 
-/// The text of the source with its marks obeyed; attachments lie in its folder.
+/// The text of a document, or of what its bytes or its name tell to be something else than plain
+/// text, as it is imported; that of plain text with its marks obeyed.
 Result<AttributedString> textOf(const std::string& source) {
-    const auto text = platform::attributedStringFromData(PV_TRY(readFile(source)));
-    if (!text) {
-        return text.fault();
-    }
-    const std::string folder = platform::stringByDeletingLastPathComponent(source);
-    return attributedTextFromMarks(
-        text.value().string(), [&](const std::string& name) -> Result<Data> {
-            auto contents = readFile(platform::stringByAppendingPathComponent(folder, name));
-            return contents ? std::move(contents) : Result<Data>(inFile(name, contents.fault()));
-        });
+    const Data contents = PV_TRY(readDocumentFile(source));
+    const std::string type = typeOfFile(source, contents).identifier;
+    const bool isPlain =
+        !parlavox::isPackageType(type) &&
+        platform::TypeRegistry::typeConformsToType(type, "public.data") &&
+        platform::textFormatOfBytes(contents.view()).format == platform::TextFormat::Plain;
+    return isPlain ? markedUpText(source, contents) : textOfFile(source);
 }
 
 /// The header, without anything that says where it was written.
@@ -62,29 +70,25 @@ Result<Data> headerOf(std::int64_t compatibilityVersion) {
         platform::PropertyListFormat::Xml);
 }
 
+FileWrapperEntry member(std::string_view name, Data contents) {
+    return {std::string(name),
+            platform::FileWrapper::initRegularFileWithContents(std::move(contents))};
+}
+
 }  // namespace
 
 Outcome pack(const PackOptions& options) {
-    const FileManager& files = FileManager::defaultManager();
-    if (options.overwrite == Overwrite::No && files.fileExistsAtPath(options.target)) {
-        return Fault{FaultCode::System, options.target + ": is there already; --force replaces it"};
-    }
+    PV_TRY(checkTarget(options.target, options.overwrite));
     auto text = textOf(options.source);
     if (!text) {
         return inFile(options.source, text.fault());
     }
     const Value root(std::make_shared<const AttributedString>(std::move(text).value()));
-    const auto packing = options.isStored ? samples::Packing::Stored : samples::Packing::Deflated;
-    samples::ZipBuilder archive;
-    archive.add(parlavox::kContentsMember, PV_TRY(headerOf(options.compatibilityVersion)), packing);
-    archive.add(parlavox::kTextMember, parlavox::TextArchiver::archivedDataWithRootObject(root),
-                packing);
-    const auto file = platform::FileWrapper::initRegularFileWithContents(archive.finish());
-    if (!file->writeToFile(options.target, platform::Atomically::Yes,
-                           platform::UpdateFilenames::No)) {
-        return Fault{FaultCode::System, options.target + ": cannot be written"};
-    }
-    return platform::done();
+    return writeArchive(
+        options.target,
+        {member(parlavox::kContentsMember, PV_TRY(headerOf(options.compatibilityVersion))),
+         member(parlavox::kTextMember, parlavox::TextArchiver::archivedDataWithRootObject(root))},
+        [&](const TreeMember&) { return options.isStored ? 0 : kUsualLevel; });
 }
 
 }  // namespace pvdoc

@@ -1,4 +1,6 @@
-// pvdoc pack: a document of the own format from a text with marks.
+// pvdoc pack: a document of the own format, with its text, from any file that is imported.
+//
+// In plain text, marks are obeyed.
 
 #pragma once
 
@@ -6,11 +8,9 @@
 #include <string>
 
 #include "Platform/Foundation/Result.h"
+#include "Tools/pvdoc/Target.h"
 
 namespace pvdoc {
-
-/// Whether a file that is there already may be replaced.
-enum class Overwrite : bool { No, Yes };
 
 /// How a document is to be made.
 struct PackOptions {

@@ -8,15 +8,17 @@
 namespace pvdoc {
 namespace {
 
-/// Shorter texts are done before anybody could read the line.
+// What is shorter is done before anybody could read the line.
 constexpr std::uint64_t kLongText = 2'000'000;
+constexpr std::uint64_t kLongFiles = 100'000'000;
 
 }  // namespace
 
-Progress::Progress(std::string what, std::uint64_t total, Printing printing)
+Progress::Progress(std::string what, std::uint64_t total, Printing printing, Unit unit)
     : what_(std::move(what)),
       total_(total),
-      isShown_(total >= kLongText && ::isatty(STDERR_FILENO) != 0 &&
+      isShown_(total >= (unit == Unit::Byte ? kLongFiles : kLongText) &&
+               ::isatty(STDERR_FILENO) != 0 &&
                (printing == Printing::AtTheEnd || ::isatty(STDOUT_FILENO) == 0)) {
     show("...");
 }

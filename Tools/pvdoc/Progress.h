@@ -9,15 +9,18 @@ namespace pvdoc {
 
 /// A line on the standard error that changes while the work goes on and is gone at its end.
 ///
-/// It shows only for long texts, and where the standard error is a terminal but the standard
+/// It shows only for long work, and where the standard error is a terminal but the standard
 /// output, which would be mixed with it, is not.
 class Progress {
 public:
     /// Whether output is written while the work goes on, or only behind its end.
     enum class Printing : bool { Meanwhile, AtTheEnd };
 
-    /// `total` is how many UTF-16 units the work goes over.
-    Progress(std::string what, std::uint64_t total, Printing printing);
+    /// What the work goes over: the UTF-16 units of a text, or the bytes of files.
+    enum class Unit : bool { Character, Byte };
+
+    /// `total` is how many units the work goes over.
+    Progress(std::string what, std::uint64_t total, Printing printing, Unit unit = Unit::Character);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

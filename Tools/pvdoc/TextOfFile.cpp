@@ -8,12 +8,13 @@
 
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Text/TextReader.h"
-#include "Sources/Document/Document.h"
 #include "Tools/pvdoc/FileType.h"
 #include "Tools/pvdoc/InputFile.h"
+#include "Tools/pvdoc/Target.h"
 
 namespace pvdoc {
 
+using parlavox::Document;
 using platform::AttributedString;
 using platform::Data;
 using platform::Fault;
@@ -37,24 +38,23 @@ Result<Data> readStandardInput() {
     }
 }
 
-std::string causeOfFailure() {
-    const char* const cause = platform::lastFailure();
-    return cause != nullptr ? cause : "it has no text that can be read";
-}
-
 }  // namespace
+
+Result<std::shared_ptr<Document>> documentOfFile(const std::string& path) {
+    const std::string type = typeOfFile(path, PV_TRY(readDocumentFile(path))).identifier;
+    platform::clearFailure();
+    auto document = Document::init();
+    if (!document->readFromURL(platform::URL::fileURLWithPath(path), type, nullptr)) {
+        return Fault{FaultCode::Unsupported, causeOfFailure({}, "it has no text that can be read")};
+    }
+    return document;
+}
 
 Result<AttributedString> textOfFile(const std::string& path) {
     if (path == "-") {
         return platform::attributedStringFromData(PV_TRY(readStandardInput()));
     }
-    const std::string type = typeOfFile(path, PV_TRY(readFile(path))).identifier;
-    platform::clearFailure();
-    const auto document = parlavox::Document::init();
-    if (!document->readFromURL(platform::URL::fileURLWithPath(path), type, nullptr)) {
-        return Fault{FaultCode::Unsupported, causeOfFailure()};
-    }
-    return document->textStorage()->attributedString();
+    return PV_TRY(documentOfFile(path))->textStorage()->attributedString();
 }
 
 }  // namespace pvdoc

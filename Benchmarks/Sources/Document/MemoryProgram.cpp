@@ -1,5 +1,5 @@
-// document_memory PACKAGE: reads a document and prints the most memory that the process has had, in
-// kB.
+// document_memory FILE TYPE: reads a document and prints the most memory that the process has had,
+// in kB.
 
 #include <cstdio>
 #include <fstream>
@@ -9,12 +9,11 @@
 #include "Sources/Document/Document.h"
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
+    if (argc != 3) {
         return 2;
     }
     const auto document = parlavox::Document::init();
-    if (!document->readFromURL(platform::URL::fileURLWithPath(argv[1]),
-                               "com.brightmill.parlavox.parlavox", nullptr)) {
+    if (!document->readFromURL(platform::URL::fileURLWithPath(argv[1]), argv[2], nullptr)) {
         return 1;
     }
     constexpr std::string_view kPeak = "VmHWM:";

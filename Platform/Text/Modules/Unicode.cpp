@@ -4,6 +4,7 @@
 #include <unicode/uchar.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_cb.h>
+#include <unicode/unorm2.h>
 
 #include <array>
 #include <memory>
@@ -15,6 +16,7 @@ namespace {
 
 using platform::BoundaryIterator;
 using platform::BoundaryKind;
+using platform::CharacterDirection;
 using platform::CodePage;
 using platform::UnicodeFunctions;
 
@@ -144,6 +146,45 @@ bool startsWordsOver(char32_t codePoint) {
     }
 }
 
+CharacterDirection directionOf(char32_t codePoint) {
+    switch (u_charDirection(static_cast<UChar32>(codePoint))) {
+        case U_LEFT_TO_RIGHT:
+            return CharacterDirection::FromTheLeft;
+        case U_RIGHT_TO_LEFT:
+        case U_RIGHT_TO_LEFT_ARABIC:
+            return CharacterDirection::FromTheRight;
+        case U_EUROPEAN_NUMBER:
+        case U_ARABIC_NUMBER:
+            return CharacterDirection::Number;
+        case U_DIR_NON_SPACING_MARK:
+            return CharacterDirection::Mark;
+        default:
+            return CharacterDirection::Neutral;
+    }
+}
+
+char32_t composed(char32_t letter, char32_t mark) {
+    UErrorCode status = U_ZERO_ERROR;
+    const UNormalizer2* const forms = unorm2_getNFCInstance(&status);
+    if (U_FAILURE(status)) {
+        return 0;
+    }
+    const UChar32 pair =
+        unorm2_composePair(forms, static_cast<UChar32>(letter), static_cast<UChar32>(mark));
+    return pair < 0 ? 0 : static_cast<char32_t>(pair);
+}
+
+std::size_t plainForm(char32_t codePoint, char16_t* units, std::size_t room) {
+    UErrorCode status = U_ZERO_ERROR;
+    const UNormalizer2* const forms = unorm2_getNFKCInstance(&status);
+    if (U_FAILURE(status)) {
+        return 0;
+    }
+    const std::int32_t length = unorm2_getDecomposition(
+        forms, static_cast<UChar32>(codePoint), units, static_cast<std::int32_t>(room), &status);
+    return U_SUCCESS(status) && length > 0 ? static_cast<std::size_t>(length) : 0;
+}
+
 UConverter* converterIn(CodePage* codePage) {
     return reinterpret_cast<UConverter*>(codePage);
 }
@@ -187,6 +228,12 @@ constexpr UnicodeFunctions kFunctions = {
     isBaseLetter,
     startsSentencesOver,
     startsWordsOver,
+    directionOf,
+    [](char32_t codePoint) {
+        return static_cast<char32_t>(u_charMirror(static_cast<UChar32>(codePoint)));
+    },
+    composed,
+    plainForm,
     [](const char* name) {
         UErrorCode status = U_ZERO_ERROR;
         return reinterpret_cast<CodePage*>(ucnv_open(name, &status));

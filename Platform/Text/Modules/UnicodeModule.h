@@ -15,6 +15,9 @@ namespace platform {
 
 enum class BoundaryKind : std::uint8_t { Word, Sentence };
 
+/// Which way a character makes its line read.
+enum class CharacterDirection : std::uint8_t { FromTheLeft, FromTheRight, Number, Mark, Neutral };
+
 /// An iterator that is lent.
 struct BoundaryIterator;
 
@@ -46,6 +49,15 @@ struct UnicodeFunctions : ModuleHead {
     /// Whether there is a boundary of words before a code point that stands behind white space: it
     /// is neither white space nor an extension of it.
     bool (*startsWordsOver)(char32_t codePoint);
+
+    CharacterDirection (*directionOf)(char32_t codePoint);
+    /// The character whose form is that of a code point in a mirror; itself when there is none.
+    char32_t (*mirrored)(char32_t codePoint);
+    /// The character that a letter and a mark make together; 0 when there is none.
+    char32_t (*composed)(char32_t letter, char32_t mark);
+    /// Writes what a code point stands for when its form does not count, in at most `room` units;
+    /// returns how many there are, 0 when it stands for nothing but itself.
+    std::size_t (*plainForm)(char32_t codePoint, char16_t* units, std::size_t room);
 
     /// Makes a converter of the code page `name`, one of the names that ICU has for it; null when
     /// there is none.

@@ -10,7 +10,6 @@ namespace parlavox {
 
 using platform::Atomically;
 using platform::FileManager;
-using platform::FileWrapper;
 using platform::UpdateFilenames;
 
 bool ZipDirectoryWrapper::writeToFile(const std::string& path, Atomically atomically,

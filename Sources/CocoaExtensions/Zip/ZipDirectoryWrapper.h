@@ -24,10 +24,10 @@ public:
 
     explicit ZipDirectoryWrapper(Creation key) : FileWrapper(key) {}
 
-    /// Makes the folder at `path` and lets each child write itself there under its key, so that
-    /// spooled files and archives inside save themselves as they must; the first that fails ends
-    /// it, as does a key that is no file name. Should this have become a file, it is written as
-    /// one; a link is not written.
+    /// Makes the folder at `path`, with the permissions of any new one, and lets each child write
+    /// itself there under its key, so that spooled files and archives inside save themselves as
+    /// they must; the first that fails ends it, as does a key that is no file name. Should this
+    /// have become a file, it is written as one; a link is not written.
     ///
     /// Selector: writeToFile:atomically:updateFilenames:
     bool writeToFile(const std::string& path, platform::Atomically atomically,

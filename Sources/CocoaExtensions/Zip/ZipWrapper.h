@@ -136,7 +136,9 @@ public:
     [[nodiscard]] bool fileManagerShouldProceedAfterError(const platform::FileManager& fileManager,
                                                           const platform::Error& error) override;
 
-    /// Writes the archive to the file at `url` and returns whether it is there whole.
+    /// Writes the archive to the file at `url` and returns whether all entries could be written
+    /// and the file put there. Whether the directory behind them could be written is not looked at,
+    /// by intention: where that counts, read it back. The thread's last failure tells.
     ///
     /// Atomically, it is first written to the temporary directory, where a failure may leave it;
     /// then what stood at `url` is removed and the archive copied there, with this wrapper as the
@@ -344,6 +346,7 @@ private:
 
     // Writing an archive, step by step.
     [[nodiscard]] bool writeArchive(const std::string& path, platform::ErrorLocation error);
+    [[nodiscard]] std::uint64_t directorySize() const;
     void writeDirectory(platform::OutputStream& stream, std::uint32_t directoryOffset) const;
     [[nodiscard]] bool replace(const std::string& written, const std::string& destination);
 

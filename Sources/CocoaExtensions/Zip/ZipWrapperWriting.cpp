@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <limits>
+#include <numeric>
 #include <utility>
 
 #include "Platform/Foundation/BufferedOutputStream.h"
@@ -25,6 +27,12 @@ using platform::noteFailure;
 using platform::OutputStream;
 using platform::UpdateFilenames;
 using platform::URL;
+
+namespace {
+
+constexpr std::uint64_t kLargestArchive = std::numeric_limits<std::uint32_t>::max();
+
+}  // namespace
 
 bool ZipWrapper::FLWriteToURL(const std::optional<URL>& url, Atomically atomically, UpdateFilenames,
                               ErrorLocation error) {
@@ -60,14 +68,21 @@ bool ZipWrapper::writeArchive(const std::string& path, ErrorLocation error) {
     }
     fileHeaders_.emplace();
     std::uint32_t byteWritten = 0;
-    if (!writeFileWrappers(&fileWrappers(), this, std::nullopt, stream, byteWritten, error) ||
-        !stream->flush()) {
+    const bool isWalked =
+        writeFileWrappers(&fileWrappers(), this, std::nullopt, stream, byteWritten, error);
+    if (!stream->flush() || !isWalked) {
         platform::noteFailureUnlessNoted(path + ": not all entries can be written");
+        return false;
+    }
+    if (byteWritten + directorySize() + kDirectorySize > kLargestArchive) {
+        noteFailure(path + ": the archive's directory ends beyond what an archive can be");
         return false;
     }
     writeDirectory(*stream, byteWritten);
     fileHeaders_.reset();
-    (void)stream->flush();
+    if (!stream->flush()) {
+        platform::noteFailureUnlessNoted(path + ": not all of the directory can be written");
+    }
     const std::int64_t length = stream->currentFileOffset().value_or(0);
     stream->close();
     if (::truncate(path.c_str(), length) != 0) {
@@ -75,6 +90,13 @@ bool ZipWrapper::writeArchive(const std::string& path, ErrorLocation error) {
         return false;
     }
     return true;
+}
+
+std::uint64_t ZipWrapper::directorySize() const {
+    return std::accumulate(fileHeaders_->begin(), fileHeaders_->end(), std::uint64_t{0},
+                           [](std::uint64_t size, const auto& header) {
+                               return size + kFileHeaderSize + header->fileNameData().size();
+                           });
 }
 
 /// Writes the central records and the end record. Whether all of it went is not looked at, by

@@ -1,12 +1,11 @@
 // Writing the entries of an archive.
 
-#include <zlib.h>
-
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <utility>
 
+#include "Platform/Foundation/Checksum.h"
 #include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Log.h"
@@ -42,7 +41,6 @@ constexpr unsigned kDeepestFolder = 1000;
 // Host 3, Unix, and zip 2.3; what extracts it needs to know only the first version, by intention.
 constexpr std::uint16_t kVersionPacked = 0x0317;
 constexpr std::uint16_t kVersionToExtract = 10;
-constexpr std::uint16_t kStored = 0;
 constexpr std::uint16_t kDeflated = 8;
 
 // Unix modes 040755 and 0100644 in the upper half.
@@ -52,11 +50,6 @@ constexpr std::uint32_t kFileAttributes = 0x81A4'0000;
 bool refuse(const std::string& cause) {
     noteFailure(cause);
     return false;
-}
-
-std::uint32_t checksumOf(std::uint32_t checksum, std::span<const std::byte> bytes) {
-    return static_cast<std::uint32_t>(
-        crc32_z(checksum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
 }
 
 /// The checksum of a file, read piece by piece; that of no bytes when it does not open. Nothing
@@ -74,7 +67,8 @@ std::optional<std::uint32_t> checksumOfFile(const std::string& path) {
     std::uint32_t checksum = 0;
     std::int64_t count = 0;
     while ((count = stream->read(buffer)) > 0) {
-        checksum = checksumOf(checksum, std::span(buffer).first(static_cast<std::size_t>(count)));
+        checksum = platform::checksumOfBytes(
+            checksum, std::span(buffer).first(static_cast<std::size_t>(count)));
     }
     stream->close();
     return count == 0 ? std::optional(checksum) : std::nullopt;
@@ -139,11 +133,10 @@ bool ZipWrapper::writeFileWrappers(const FileWrapperChildren* fileWrappers,
                                    const std::shared_ptr<OutputStream>& outStream,
                                    std::uint32_t& byteWritten, ErrorLocation error) {
     // All broken conditions are reported before any has its effect.
-    const bool hasChildren = zipRequire(fileWrappers != nullptr, "fileWrappers != nil", __LINE__);
-    const bool hasStream = zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
-    const bool hasParent =
-        zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
-    if (!hasChildren || !hasStream || !hasParent) {
+    (void)zipRequire(fileWrappers != nullptr, "fileWrappers != nil", __LINE__);
+    (void)zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
+    (void)zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
+    if (fileWrappers == nullptr || outStream == nullptr || parentFileWrapper == nullptr) {
         return false;
     }
     if (walkDepth_ == kDeepestFolder) {
@@ -171,11 +164,10 @@ bool ZipWrapper::writeFileWrapper(const std::shared_ptr<FileWrapper>& wrapper,
                                   const std::optional<std::string>& parentPath,
                                   const std::shared_ptr<OutputStream>& outStream,
                                   std::uint32_t& byteWritten, ErrorLocation error) {
-    const bool hasWrapper = zipRequire(wrapper != nullptr, "wrapper != nil", __LINE__);
-    const bool hasStream = zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
-    const bool hasParent =
-        zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
-    if (!hasWrapper || !hasStream || !hasParent) {
+    (void)zipRequire(wrapper != nullptr, "wrapper != nil", __LINE__);
+    (void)zipRequire(outStream != nullptr, "outStream != nil", __LINE__);
+    (void)zipRequire(parentFileWrapper != nullptr, "parentFileWrapper != nil", __LINE__);
+    if (wrapper == nullptr || outStream == nullptr || parentFileWrapper == nullptr) {
         return false;
     }
     auto name = entryNameOf(wrapper, *parentFileWrapper, parentPath);
@@ -237,7 +229,7 @@ bool ZipWrapper::takeContents(OutgoingEntry& entry,
             return false;
         }
         entry.dataSize = entry.bytes->size();
-        entry.header.DataDescriptor.CRC32 = checksumOf(0, entry.bytes->span());
+        entry.header.DataDescriptor.CRC32 = platform::checksumOfBytes(0, entry.bytes->span());
     }
     if (entry.dataSize > kLargest) {
         return refuse("is larger than an archive can be");
@@ -295,7 +287,7 @@ bool ZipWrapper::compress(OutgoingEntry& entry, const std::shared_ptr<FileWrappe
 bool ZipWrapper::writeOutgoingEntry(OutgoingEntry& entry,
                                     const std::shared_ptr<OutputStream>& stream,
                                     std::uint32_t& byteWritten) {
-    if (std::max<std::uint64_t>(entry.end(), byteWritten) > kLargest) {
+    if (entry.end() > kLargest) {
         return refuse("ends beyond what an archive can be");
     }
     entry.header.Signature = kLocalFileHeaderSignature;

@@ -14,6 +14,7 @@
 #include "Platform/Document/Document.h"
 #include "Platform/Foundation/Bundle.h"
 #include "Platform/Foundation/Exception.h"
+#include "Platform/Foundation/Failure.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Tests/Support/MainBundleTestPeer.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -46,6 +47,7 @@ public:
     bool canAsynchronouslyWriteToURL(const URL&, const std::string&, SaveOperation) const override {
         return isAsynchronous;
     }
+    using Document::writeToURL;
     bool writeToURL(const URL& url, const std::string& type, ErrorLocation error) override {
         writer = std::this_thread::get_id();
         const bool isWritten = Document::writeToURL(url, type, error);
@@ -156,6 +158,59 @@ TEST_F(DocumentSaving, ChangesAreBackAfterAFailedSave) {
     EXPECT_TRUE(save("file", SaveOperation::Save));
     document->updateChangeCount(ChangeKind::Undone);
     EXPECT_FALSE(document->isDocumentEdited()) << "the one change was undone";
+}
+
+TEST_F(DocumentSaving, AFailedSaveKnowsWhetherTheFileWasLeftMeanwhile) {
+    const struct {
+        const char* name;
+        std::vector<ChangeKind> before;
+        std::vector<ChangeKind> meanwhile;
+        bool isEdited;
+    } kRows[] = {
+        {"undone below the file, then changed", {ChangeKind::Undone}, {ChangeKind::Done}, true},
+        {"undone and changed above the file",
+         {ChangeKind::Done},
+         {ChangeKind::Undone, ChangeKind::Done, ChangeKind::Undone},
+         false},
+        {"other contents", {}, {ChangeKind::ReadOtherContents}, true},
+        {"cleared", {ChangeKind::Done}, {ChangeKind::Cleared}, false},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.name);
+        const auto fresh = NoteDocument::init();
+        for (const ChangeKind kind : row.before) {
+            fresh->updateChangeCount(kind);
+        }
+        fresh->isAsynchronous = true;
+        fresh->note = "bad";
+        bool hasEnded = false;
+        fresh->saveToURL(URL::fileURLWithPath(folder.path("file")), kType, SaveOperation::Save,
+                         [&](const std::optional<Error>& error) {
+                             EXPECT_TRUE(error);
+                             hasEnded = true;
+                         });
+        for (const ChangeKind kind : row.meanwhile) {
+            fresh->updateChangeCount(kind);
+        }
+        MainQueue::mainQueue().runUntil([&] { return hasEnded; });
+        EXPECT_EQ(fresh->isDocumentEdited(), row.isEdited);
+    }
+}
+
+TEST_F(DocumentSaving, ALinkStaysAndItsFileIsWritten) {
+    folder.write("file", "old");
+    fs::create_symlink("file", folder.path("link"));
+    EXPECT_EQ(save("link", SaveOperation::Save), std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(folder.path("link")));
+    EXPECT_EQ(folder.read("file"), "words");
+}
+
+TEST_F(DocumentSaving, OldFailuresAreNotBlamed) {
+    noteFailure("something else");
+    document->note = "gone";
+    const auto error = save("file", SaveOperation::Save);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->description, folder.path("file") + ": can't be written");
 }
 
 TEST_F(DocumentSaving, WhatWritingThrowsComesOutWhereTheSaveEnds) {

@@ -62,11 +62,12 @@ TEST(FileManagerTrees, WhatCannotBeCopiedIsToldWithItsPlace) {
         std::string to;
         std::string failure;
     } kRows[] = {
-        {folder.path("none"), folder.path("b"), folder.path("b") + ": No such file or directory"},
+        {folder.path("none"), folder.path("b"),
+         folder.path("none") + ": No such file or directory"},
         {folder.path("a"), folder.path("old"), folder.path("old") + ": File exists"},
         {folder.path("d"), folder.path("old"), folder.path("old") + ": File exists"},
         {folder.path("d"), folder.path("d/inner"), folder.path("d/inner") + ": Invalid argument"},
-        {folder.path("pipe"), folder.path("b"), folder.path("b") + ": Invalid argument"},
+        {folder.path("pipe"), folder.path("b"), folder.path("pipe") + ": Invalid argument"},
         {folder.path("a"), folder.path("none/b"),
          folder.path("none/b") + ": No such file or directory"},
         {"", folder.path("b"), ": No such file or directory"},

@@ -116,7 +116,7 @@ TEST_F(FileWrapperDisk, FilesInFoldersAreReadWhenAskedFor) {
     disk.write("doc/c", "a link soon");
     disk.write("doc/d", "a folder soon");
     const Wrapper wrapper =
-        FileWrapper::initWithPath(disk.path("doc"), nullptr, platform::FileReading::WhenAsked);
+        FileWrapper::initWithPath(disk.path("doc"), platform::FileReading::WhenAsked, nullptr);
     ASSERT_NE(wrapper, nullptr);
     disk.write("doc/inner/a", "late");
     for (const char* name : {"doc/b", "doc/c", "doc/d"}) {
@@ -138,7 +138,7 @@ TEST_F(FileWrapperDisk, FilesInFoldersAreReadWhenAskedFor) {
 TEST_F(FileWrapperDisk, AFileItselfIsReadAtOnce) {
     const std::string path = disk.write("a", "early");
     const Wrapper wrapper =
-        FileWrapper::initWithPath(path, nullptr, platform::FileReading::WhenAsked);
+        FileWrapper::initWithPath(path, platform::FileReading::WhenAsked, nullptr);
     fs::remove(path);
     EXPECT_EQ(wrapper->regularFileContents(), platform::Data::copyOf("early"));
 }

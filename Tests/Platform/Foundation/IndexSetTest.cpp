@@ -86,9 +86,11 @@ TEST(ArrayIndexes, RefusesBeforeItChangesAnything) {
     EXPECT_THROW(removeObjectsAtIndexes(array, {0, 4}), RangeException);
     EXPECT_THROW((void)objectsAtIndexes(array, {4}), RangeException);
     EXPECT_THROW(replaceObjectsAtIndexes(array, {4}, one), RangeException);
-    EXPECT_THROW((void)objectAtIndex(array, 4), RangeException);
-    EXPECT_THROW(insertObject(array, Value(1), 5), RangeException);
-    EXPECT_THROW(removeObjectAtIndex(array, 4), RangeException);
+    for (const std::uint64_t index : {std::uint64_t{4}, kNotFound, ~std::uint64_t{0}}) {
+        EXPECT_THROW((void)objectAtIndex(array, index), RangeException);
+        EXPECT_THROW(removeObjectAtIndex(array, index), RangeException);
+        EXPECT_THROW(insertObject(array, Value(1), index + (index == 4 ? 1 : 0)), RangeException);
+    }
     EXPECT_THROW(replaceObjectsAtIndexes(array, {0, 1}, one), InvalidArgumentException);
     try {
         insertObjects(array, arrayOf(u"xy"), {0});

@@ -25,6 +25,7 @@ TEST(TypeTable, TheImporterTakesDocumentsOfBothProgramsAndTexts) {
         "public.html",
         "com.apple.rtfd",
         "com.apple.flat-rtfd",
+        "com.adobe.pdf",
         "com.brightmill.parlavox.parlavox",
         "com.fernleaf.scribo.scribo",
     };

@@ -93,20 +93,20 @@ TEST(RtfWriter, WritesCharacters) {
         {u"{a}\\", "\\{a\\}\\\\"},
         {u"a\tb", "a\\tab b"},
         {u"a\u2028b", "a\\line b"},
-        {u"\u00E9\u20AC", "\\u233?\\u8364?"},
-        {u"\uFFFD", "\\u-3?"},
-        {u"\U0001F600", "\\u-10179?\\u-8704?"},
-        {u"\xD800x", "\\u-10240?x"},
-        {u"\u0007\u007F", "\\u7?\\u127?"},
+        {u"\u00E9\u20AC", "\\u233\\'3f\\u8364\\'3f"},
+        {u"\uFFFD", "\\u-3\\'3f"},
+        {u"\U0001F600", "\\u-10179\\'3f\\u-8704\\'3f"},
+        {u"\xD800x", "\\u-10240\\'3fx"},
+        {u"\u0007\u007F", "\\u7\\'3f\\u127\\'3f"},
         {u"a\nb\n", "a\\par\nb\\par\n"},
-        {u"a\r\nb", "a\\u13?\\par\nb"},
-        {u"\u2029", "\\u8233?"},
-        {u"\u00A0\u00AD", "\\u160?\\u173?"},
+        {u"a\r\nb", "a\\u13\\'3f\\par\nb"},
+        {u"\u2029", "\\u8233\\'3f"},
+        {u"\u00A0\u00AD", "\\u160\\'3f\\u173\\'3f"},
     };
     for (const auto& row : kRows) {
         EXPECT_EQ(bodyOf({{row.text, nullptr}}), kPlain + std::string(row.rtf));
     }
-    EXPECT_EQ(bodyOf({{std::u16string(1, u'\0'), nullptr}}), kPlain + std::string("\\u0?"));
+    EXPECT_EQ(bodyOf({{std::u16string(1, u'\0'), nullptr}}), kPlain + std::string("\\u0\\'3f"));
     EXPECT_EQ(bodyOf({{u"\n", nullptr}}), "\\pard \\par\n");
 }
 
@@ -120,7 +120,7 @@ TEST(RtfWriter, GivesEachFontAPlaceInTheTable) {
                                    {u"d", font("{;\u00E9\\", 0)}});
     EXPECT_NE(rtf.find("{\\fonttbl{\\f0\\fnil\\fcharset0 Times-Roman;}"
                        "{\\f1\\fnil\\fcharset0 Helvetica-BoldOblique;}"
-                       "{\\f2\\fnil\\fcharset0 \\{\\u233?\\\\;}}"),
+                       "{\\f2\\fnil\\fcharset0 \\{\\u233\\'3f\\\\;}}"),
               std::string::npos);
     EXPECT_NE(rtf.find("\\plain\\f0\\fs24 a\\plain\\f1\\b\\i\\fs21 b\\plain\\f0\\fs28 c"
                        "\\plain\\f2\\fs24 d"),

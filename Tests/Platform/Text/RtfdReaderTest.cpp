@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::shared_ptr<FileWrapper> wrapperAt(const std::string& path) {
-    return FileWrapper::initWithPath(path, nullptr, FileReading::WhenAsked);
+    return FileWrapper::initWithPath(path, FileReading::WhenAsked, nullptr);
 }
 
 std::shared_ptr<FileWrapper> folder(std::vector<FileWrapperEntry> children) {

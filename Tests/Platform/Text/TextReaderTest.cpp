@@ -63,7 +63,7 @@ TEST(TextReader, RefusesWhatItCannotReadByItsName) {
         const char* detail;
     };
     constexpr Row kRows[] = {
-        {"PDF", "%PDF-1.7\n"sv, "PDF is not read yet"},
+        {"PDF", "%PDF-1.7\n"sv, "no text: PDF"},
         {"a picture", "\x89PNG\r\n\x1A\n"sv, "no text: a PNG picture"},
         {"control characters", "\1\2\3\4"sv, "no text: 4 control characters among 4 units"},
     };

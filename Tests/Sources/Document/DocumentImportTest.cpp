@@ -15,7 +15,6 @@
 namespace parlavox {
 namespace {
 
-using platform::Data;
 using platform::Error;
 using platform::FileWrapper;
 using platform::URL;
@@ -119,6 +118,21 @@ TEST_F(DocumentImport, FlatRtfdIsKnownByItsBytes) {
         EXPECT_EQ(fresh->textStorage()->string().substr(0, 18), u"Before the picture");
         EXPECT_EQ(fresh->isEditing(), Editing::Yes);
     }
+}
+
+TEST_F(DocumentImport, PdfGivesTheTextOfItsPages) {
+    const std::string path = test::dataPath("pdf/made-de-two-columns.pdf");
+    ASSERT_TRUE(import(path, "com.adobe.pdf"));
+    EXPECT_GT(document->textStorage()->length(), 1000u);
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(document->fileType(), kDocumentType);
+    EXPECT_EQ(document->isEditing(), Editing::Yes);
+    EXPECT_EQ(error, kUntouched);
+    const auto before = document->textStorage()->string();
+    EXPECT_FALSE(import(test::dataPath("pdf/serenity-password-is-sup.pdf"), "com.adobe.pdf"));
+    EXPECT_EQ(document->textStorage()->string(), before);
+    EXPECT_EQ(error, kUntouched);
+    EXPECT_FALSE(import(path, "public.plain-text")) << "only the type makes it a PDF";
 }
 
 TEST_F(DocumentImport, BothWaysOfMakingADocument) {

@@ -17,7 +17,6 @@ namespace parlavox {
 namespace {
 
 using platform::Array;
-using platform::Dictionary;
 using platform::IndexSet;
 using platform::Notification;
 using platform::NotificationCenter;

@@ -102,7 +102,7 @@ TEST(Pvdoc, SaysWhatKeepsATextFromBeingPacked) {
         {"no such attachment", folder.write("b.txt", "{{attach c.png}}"), folder.path("out"),
          folder.path("b.txt") + ": line 1: c.png: No such file or directory"},
         {"no place for the document", folder.write("c.txt", "x"), folder.path("no/such/out"),
-         folder.path("no/such/out") + ": cannot be written"},
+         folder.path("no/such/out") + ": No such file or directory"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.name);
@@ -332,6 +332,42 @@ TEST(Pvdoc, ReadsItsCommandLine) {
     }
 }
 
+TEST(Pvdoc, ReadsTheCommandsThatWrite) {
+    const auto read = [](std::vector<const char*> arguments) {
+        arguments.insert(arguments.begin(), "pvdoc");
+        return CommandLine::read(static_cast<int>(arguments.size()), arguments.data());
+    };
+    const CommandLine exported = read({"export", "--as", "txt", "a", "b", "--force"});
+    ASSERT_TRUE(exported.request) << exported.error;
+    EXPECT_EQ(exported.request->command, Command::Export);
+    EXPECT_EQ(exported.request->exportFormat, ExportFormat::Text);
+    EXPECT_EQ(exported.request->conversion.source, "a");
+    EXPECT_EQ(exported.request->conversion.overwrite, Overwrite::Yes);
+    const CommandLine inserted =
+        read({"templates", "a", "--insert", "x", "--insert", "y", "--at", "3"});
+    ASSERT_TRUE(inserted.request) << inserted.error;
+    EXPECT_EQ(inserted.request->templates.inserted, (std::vector<std::string>{"x", "y"}));
+    EXPECT_EQ(inserted.request->templates.at, 3u);
+    const CommandLine removed = read({"templates", "a", "--remove", "3", "1"});
+    ASSERT_TRUE(removed.request) << removed.error;
+    EXPECT_EQ(removed.request->templates.removed, (std::vector<std::uint64_t>{3, 1}));
+    const CommandLine moved = read({"templates", "a", "--move", "0", "--to", "2"});
+    ASSERT_TRUE(moved.request) << moved.error;
+    EXPECT_EQ(moved.request->templates.moved, 0u);
+    EXPECT_EQ(moved.request->templates.to, 2u);
+    EXPECT_EQ(read({"zip", "a", "b"}).request->zip.level, kUsualLevel);
+    EXPECT_EQ(read({"zip", "a", "b", "--level", "0"}).request->zip.level, 0u);
+    EXPECT_EQ(read({"unzip", "a", "b", "--force"}).request->unzip.overwrite, Overwrite::Yes);
+    for (const CommandLine& wrong :
+         {read({"export", "a", "b"}), read({"zip", "a", "b", "--level", "10"}),
+          read({"templates", "a", "--at", "1"}), read({"templates", "a", "--move", "1"}),
+          read({"templates", "a", "--insert", "x", "--remove", "1"}),
+          read({"templates", "a", "--move", "1", "--to", "0", "--remove", "1"})}) {
+        EXPECT_FALSE(wrong.request);
+        EXPECT_EQ(wrong.status, kWrongCommandLine);
+    }
+}
+
 /// The exit status and output of the program, both streams in one.
 std::pair<int, std::string> run(const std::string& arguments) {
     std::FILE* const pipe = ::popen(("exec 2>&1; " PV_DOC_PROGRAM " " + arguments).c_str(), "r");
@@ -347,6 +383,8 @@ TEST(Pvdoc, EndsWithTheStatusThatItPromises) {
     const test::TemporaryFolder folder;
     folder.write("in.txt", "text");
     folder.write("bad.parlavox", "no archive");
+    folder.write("folder/empty", "");
+    folder.write("folder/a", "contents");
     const std::string cd = "--version > /dev/null; cd '" + folder.path() + "'; " PV_DOC_PROGRAM " ";
     const struct {
         const char* name;
@@ -364,6 +402,26 @@ TEST(Pvdoc, EndsWithTheStatusThatItPromises) {
          "pvdoc: bad.parlavox: no archive: shorter than an end record\n"},
         {"names a missing file", "explain none", 1, "pvdoc: none: No such file or directory\n"},
         {"wants a command", "", 2, "pvdoc: wrong command line: "},
+        {"saves", "save in.txt s.parlavox", 0,
+         "s.parlavox: saved without its text, as this format's own save does; pvdoc pack makes "
+         "documents with their text\n"},
+        {"loses no text", "save --force in.txt a.parlavox", 1,
+         "pvdoc: a.parlavox: holds a text (text.plist), which saving would lose; not replaced\n"},
+        {"exports", "export --as txt a.parlavox a.txt", 0, ""},
+        {"exports to no other format", "export --as pdf a.parlavox a.pdf", 2,
+         "pvdoc: wrong command line: --as: pdf not in {rtf,txt}\n"},
+        {"changes templates", "templates a.parlavox --insert one --insert two", 0,
+         "     0  \"one\"\n     1  \"two\"\n"},
+        {"names a place that is none", "templates a.parlavox --remove 2", 1,
+         "pvdoc: a.parlavox: no place 2 in a list of 2 templates\n"},
+        {"zips, and names what will not be found", "zip folder a.zip --level 9", 0,
+         "pvdoc: folder/empty: is empty; the format lists no empty files, so it will not be "
+         "found\n"},
+        {"refuses to replace an archive", "zip folder a.zip", 1,
+         "pvdoc: a.zip: is there already; --force replaces it\n"},
+        {"unzips", "unzip a.zip unzipped", 0, ""},
+        {"refuses to mix files unasked", "unzip a.zip unzipped", 1,
+         "pvdoc: unzipped: is not empty; --force puts files between those that are there\n"},
         {"tells that nobody takes the output", "info a.parlavox > /dev/full", 1,
          "pvdoc: standard output: cannot be written\n"},
     };
@@ -386,6 +444,27 @@ TEST(Pvdoc, LeavesNoTemporaryFiles) {
                                       "' " PV_DOC_PROGRAM " explain '" + document + "'");
     EXPECT_EQ(status, 0) << output;
     EXPECT_TRUE(temporary.names().empty());
+}
+
+TEST(PvdocExplain, TellsWhichHyphensGoAndWhy) {
+    const std::string path = test::dataPath("pdf/made-de-two-columns.pdf");
+    const auto explained = explain(path);
+    ASSERT_TRUE(explained);
+    EXPECT_TRUE(explained.value().isRead);
+    const std::string& report = explained.value().report;
+    EXPECT_NE(report.find(" words in two parts, "), std::string::npos) << report;
+    EXPECT_NE(report.find("Treuhand- schaft, joined: one word in de\n"), std::string::npos)
+        << report;
+}
+
+TEST(PvdocExplain, TakesADocumentThatIsAFolder) {
+    const std::string path = test::dataPath("rtfd/made-graphic.rtfd");
+    for (const std::string& same : {path, path + "/"}) {
+        const auto explained = explain(same);
+        ASSERT_TRUE(explained);
+        EXPECT_TRUE(explained.value().isRead) << explained.value().report;
+    }
+    EXPECT_FALSE(explain(test::dataPath("rtfd"))) << "any other folder";
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <sys/resource.h>
 #include <zlib.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -190,14 +191,14 @@ TEST_F(ZipWrapperWriting, EveryRecordHasTheSameVersionAndNoDate) {
 }
 
 TEST_F(ZipWrapperWriting, DeflatesWhatShrinks) {
-    const std::string long_(100'000, 'x');
+    const std::string longText(100'000, 'x');
     const auto delegate = std::make_shared<LevelDelegate>(1);
     const auto archive = ZipWrapper::initDirectoryWithFileWrappers(
-        {{"long", file(long_)}, {"short", file("\x13\x8f\x02")}, {"d", folder({})}});
+        {{"long", file(longText)}, {"short", file("\x13\x8f\x02")}, {"d", folder({})}});
     archive->setDelegate(delegate);
     const Archive written = parsed(bytesOf(archive));
     EXPECT_EQ(written.entries[0].local.CompressionMethod, 8);
-    EXPECT_EQ(written.entries[0].local.DataDescriptor.UncompressedSize, long_.size());
+    EXPECT_EQ(written.entries[0].local.DataDescriptor.UncompressedSize, longText.size());
     EXPECT_LT(written.entries[0].data.size(), 1000u);
     EXPECT_EQ(written.entries[1].local.CompressionMethod, 0);
     EXPECT_EQ(written.entries[1].data, "\x13\x8f\x02");
@@ -205,7 +206,7 @@ TEST_F(ZipWrapperWriting, DeflatesWhatShrinks) {
     EXPECT_EQ(delegate->asked[0].first, archive->fileWrapperForKey("long"));
     EXPECT_EQ(delegate->asked[0].second, archive.get());
     const auto read = ZipWrapper::initWithPath(disk.path("out"));
-    EXPECT_EQ(read->fileWrapperForKey("long")->regularFileContents(), Data::copyOf(long_));
+    EXPECT_EQ(read->fileWrapperForKey("long")->regularFileContents(), Data::copyOf(longText));
 }
 
 TEST_F(ZipWrapperWriting, LevelZeroStores) {
@@ -535,6 +536,54 @@ TEST_F(ZipWrapperWriting, AFileThatCannotBeOpenedIsReported) {
     EXPECT_TRUE(handler.reported[0].starts_with("Can't open out stream"));
     EXPECT_FALSE(archive->writeToFile("", Atomically::No, UpdateFilenames::No));
     EXPECT_EQ(handler.reported.size(), 1u) << "a URL without a path says nothing";
+}
+
+TEST_F(ZipWrapperWriting, AFileThatMayNotGrowEndsTheWrite) {
+    struct rlimit before = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    for (const bool hasLargeEntry : {false, true}) {
+        const auto archive = ZipWrapper::initDirectoryWithFileWrappers(
+            {{"a", file("1")}, {"b", file(std::string(hasLargeEntry ? 200'000 : 500, 'x'))}});
+        struct rlimit limited = before;
+        limited.rlim_cur = 100;
+        ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limited), 0);
+        const bool isWritten =
+            archive->writeToFile(disk.path("out"), Atomically::No, UpdateFilenames::No);
+        ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+        EXPECT_FALSE(isWritten);
+        EXPECT_EQ(disk.read("out").substr(0, 4), "PK\3\4") << "a part of it is there";
+    }
+    std::signal(SIGXFSZ, handler);
+}
+
+TEST_F(ZipWrapperWriting, ContentsThatDoNotOpenAreLoggedAndHaveNoChecksum) {
+    /// Takes every file for one that can be read.
+    class Credulous final : public FileManager {
+    public:
+        bool isReadableFileAtPath(const std::string&) const override { return true; }
+    };
+    static int lines = 0;
+    lines = 0;
+    platform::setLogSink([](std::string_view) { ++lines; });
+    const Credulous manager;
+    const platform::FileManagerScope scope(manager);
+    const auto archive = ZipWrapper::initDirectoryWithFileWrappers(
+        {{"a", ZipFileWrapper::initWithPath(disk.path("none"))}});
+    const Archive written = parsed(bytesOf(archive));
+    platform::setLogSink(nullptr);
+    EXPECT_EQ(lines, 1);
+    EXPECT_EQ(written.entries[0].local.DataDescriptor.CRC32, 0u);
+    EXPECT_TRUE(written.records.empty());
+}
+
+TEST_F(ZipWrapperWriting, AnEmptyFileCannotBeDeflated) {
+    RecordingHandler handler;
+    const platform::AssertionHandlerScope scope(handler);
+    const Archive archive = parsed(bytesOf({{"a", file("")}}, std::make_shared<LevelDelegate>(1)));
+    ASSERT_EQ(handler.reported.size(), 1u);
+    EXPECT_TRUE(handler.reported[0].starts_with("deflate fails with code "));
+    EXPECT_EQ(archive.entries.size(), 1u);
 }
 
 TEST_F(ZipWrapperWriting, AFullDiskIsNoticed) {
