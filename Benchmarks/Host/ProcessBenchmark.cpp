@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Benchmarks/Support/Benchmarks.h"
+#include "Benchmarks/Support/PdfBook.h"
 #include "Benchmarks/Support/Process.h"
 #include "Benchmarks/Support/RtfDocuments.h"
 
@@ -52,6 +53,17 @@ void addRtfProcess(const Packages& packages, Report& report) {
                     Target::atLeast(kTimes)});
 }
 
+void addPdfProcess(const Packages& packages, Report& report) {
+    constexpr double kTimes = 1.35;
+    const std::string path = packages.folder() + "/process.pdf";
+    std::ofstream(path, std::ios::binary) << pdfBook();
+    const std::string ours = add("Process: pvindex text of PDF", {PV_BENCH_PVINDEX, "text", path});
+    report.begin("A whole process for a PDF file of 300 pages");
+    report.compare({"pvindex text, beside pdftotext", ours,
+                    add("Process: pdftotext", {PV_BENCH_PDFTOTEXT, path, "-"}),
+                    Target::atMost(kTimes)});
+}
+
 }  // namespace
 
 void addProcessBenchmarks(const Packages& packages, Report& report) {
@@ -69,6 +81,7 @@ void addProcessBenchmarks(const Packages& packages, Report& report) {
     report.compare({"pvindex text, beside a Python script", ours, add("Process: Python", python),
                     Target::atLeast(kTimesPython)});
     addRtfProcess(packages, report);
+    addPdfProcess(packages, report);
 }
 
 }  // namespace bench
