@@ -45,7 +45,13 @@ public:
     }
 
     [[nodiscard]] std::shared_ptr<PDFPage> pageAtIndex(std::uint64_t index) override {
-        PdfPageContents* const contents = module().readPage(file_.get(), index);
+        PdfPageContents* contents = nullptr;
+        if (index >= pageCount()) {
+            return nullptr;
+        }
+        if (module().readPage(file_.get(), index, &contents) == PdfVerdict::NoMemory) {
+            throw std::bad_alloc();
+        }
         return contents == nullptr ? nullptr : std::make_shared<FilePage>(contents);
     }
 
@@ -63,10 +69,10 @@ void logLine(const char* line, std::size_t length) {
 std::shared_ptr<PDFDocument> PDFDocument::initWithData(const Data& data) {
     PdfFile* file = nullptr;
     switch (module().open(data.view().data(), data.size(), logLine, &file)) {
-        case PdfVerdict::Open:
+        case PdfVerdict::Good:
             return std::make_shared<FileDocument>(data, file);
         case PdfVerdict::Encrypted:
-            noteFailure("PDF: a password is needed to read it");
+            noteFailure("PDF: encrypted, and a password or key is needed to read it");
             return nullptr;
         case PdfVerdict::NoMemory:
             throw std::bad_alloc();

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -82,6 +83,71 @@ inline std::string madePdf(const std::vector<PdfPageOfText>& pages, int rotation
                         std::to_string(5 + 2 * i) + " 0 R>>");
         bytes.addObject(pdfStream(pages[i]));
     }
+    return bytes.finish();
+}
+
+/// A line of glyphs as they stand on the page, each 6 points wide and in size 12; its baseline's
+/// start in points from the lower left corner.
+struct PdfLineOfGlyphs {
+    double x = 0;
+    double y = 0;
+    std::u16string glyphs;
+};
+
+/// Text of a file's map from codes to characters.
+inline std::string pdfHex(std::u16string_view units) {
+    std::string hex;
+    for (const char16_t unit : units) {
+        char digits[8];
+        std::snprintf(digits, sizeof digits, "%04X", static_cast<unsigned>(unit));
+        hex += digits;
+    }
+    return hex;
+}
+
+/// A file of one page in a font of its own, which says of each glyph that it means itself, or what
+/// `meanings` has for it.
+inline std::string madePdfOfGlyphs(const std::vector<PdfLineOfGlyphs>& lines,
+                                   const std::map<char16_t, std::u16string>& meanings = {}) {
+    std::map<char16_t, int> codes;
+    std::string content;
+    for (const PdfLineOfGlyphs& line : lines) {
+        char start[96];
+        std::snprintf(start, sizeof start, "BT /F1 12 Tf %g %g Td <", line.x, line.y);
+        content += start;
+        for (const char16_t glyph : line.glyphs) {
+            const int code =
+                codes.try_emplace(glyph, static_cast<int>(codes.size()) + 1).first->second;
+            char digits[4];
+            std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(code) & 0xFFU);
+            content += digits;
+        }
+        content += "> Tj ET\n";
+    }
+    std::string map = "1 begincodespacerange <00> <FF> endcodespacerange " +
+                      std::to_string(codes.size()) + " beginbfchar\n";
+    std::string widths;
+    for (const auto& [glyph, code] : codes) {
+        const auto meaning = meanings.find(glyph);
+        const std::u16string text =
+            meaning == meanings.end() ? std::u16string(1, glyph) : meaning->second;
+        char digits[8];
+        std::snprintf(digits, sizeof digits, "<%02X> ", static_cast<unsigned>(code) & 0xFFU);
+        map += digits + ("<" + pdfHex(text)) + ">\n";
+        widths += "500 ";
+    }
+    map += "endbfchar";
+    PdfBytes bytes;
+    bytes.addObject("<</Type/Catalog/Pages 2 0 R>>");
+    bytes.addObject("<</Type/Pages/Kids[5 0 R]/Count 1>>");
+    bytes.addObject("<</Length " + std::to_string(map.size()) + ">>stream\n" + map + "\nendstream");
+    bytes.addObject("<</Type/Font/Subtype/Type1/BaseFont/ABCDEF+Made/FirstChar 1/LastChar " +
+                    std::to_string(codes.size()) + "/Widths[" + widths + "]/ToUnicode 3 0 R>>");
+    bytes.addObject(
+        "<</Type/Page/Parent 2 0 R/MediaBox[0 0 600 800]/Resources<</Font<</F1 4 0 R>>>>/Contents "
+        "6 0 R>>");
+    bytes.addObject("<</Length " + std::to_string(content.size()) + ">>stream\n" + content +
+                    "endstream");
     return bytes.finish();
 }
 

@@ -6,20 +6,25 @@
 #include <poppler.h>
 
 #include <algorithm>
-#include <array>
-#include <cstring>
+#include <exception>
 #include <memory>
 #include <new>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "Platform/Text/Modules/PdfContents.h"
+#include "Platform/Text/Modules/PdfDecoding.h"
 #include "Platform/Text/Modules/PdfModule.h"
+#include "Platform/Text/Modules/PdfWordList.h"
 
 struct platform::PdfFile {
+    std::string_view bytes;
     PopplerDocument* document = nullptr;
+    /// Open from the first page on that needs it.
+    std::unique_ptr<platform::PdfWordList> list;
     platform::PdfLog log = nullptr;
     /// The first complaint, which tells most: damaged files draw one for each of their bytes.
     std::string complaint;
@@ -27,19 +32,6 @@ struct platform::PdfFile {
     /// Until the file is open, it may still be refused, which says enough.
     bool isOpen = false;
     std::size_t pageCount = 0;
-};
-
-struct platform::PdfPageContents {
-    std::vector<char32_t> characters;
-    std::vector<platform::PdfBox> boxes;
-    std::vector<platform::PdfFontRun> fonts;
-    /// What the names of the runs lie in.
-    GList* attributes = nullptr;
-
-    PdfPageContents() = default;
-    ~PdfPageContents() { poppler_page_free_text_attributes(attributes); }
-    PdfPageContents(const PdfPageContents&) = delete;
-    PdfPageContents& operator=(const PdfPageContents&) = delete;
 };
 
 namespace {
@@ -68,7 +60,7 @@ private:
 };
 
 /// Takes what the library complains about. A program may use the library, too, for documents of its
-/// own; their lines go where they went before.
+/// own; GLib writes their lines to standard error.
 void takeLine(const gchar* domain, GLogLevelFlags level, const gchar* line, gpointer /*unused*/) {
     if (current == nullptr) {
         g_log_default_handler(domain, level, line, nullptr);
@@ -78,9 +70,13 @@ void takeLine(const gchar* domain, GLogLevelFlags level, const gchar* line, gpoi
         return;
     }
     current->hasComplained = true;
-    current->complaint = std::string("PDF: ") + line;
-    if (current->isOpen) {
-        current->log(current->complaint.data(), current->complaint.size());
+    try {
+        current->complaint = std::string("PDF: ") + line;
+        if (current->isOpen) {
+            current->log(current->complaint.data(), current->complaint.size());
+        }
+    } catch (const std::bad_alloc&) {
+        // The library's code in C lies between here and who would want to know.
     }
 }
 
@@ -98,6 +94,10 @@ struct Unref {
     void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
 };
 using OwnedPage = std::unique_ptr<PopplerPage, Unref>;
+
+struct FreeRuns {
+    void operator()(GList* runs) const { poppler_page_free_text_attributes(runs); }
+};
 
 struct Free {
     void operator()(gpointer memory) const { g_free(memory); }
@@ -118,9 +118,10 @@ PdfVerdict verdictOf(const GError* error) {
                : PdfVerdict::Damaged;
 }
 
-PdfVerdict openFile(PdfFile& file, const char* bytes, std::size_t size) {
+PdfVerdict openFile(PdfFile& file) {
     const Working working(file);
-    const std::unique_ptr<GBytes, Unref> block(g_bytes_new_static(bytes, size));
+    const std::unique_ptr<GBytes, Unref> block(
+        g_bytes_new_static(file.bytes.data(), file.bytes.size()));
     GError* error = nullptr;
     file.document = poppler_document_new_from_bytes(block.get(), nullptr, &error);
     if (file.document == nullptr) {
@@ -128,13 +129,26 @@ PdfVerdict openFile(PdfFile& file, const char* bytes, std::size_t size) {
         g_clear_error(&error);
         return verdict;
     }
-    file.pageCount = countedPages(file.document, size);
-    return PdfVerdict::Open;
+    file.pageCount = countedPages(file.document, file.bytes.size());
+    return PdfVerdict::Good;
+}
+
+/// Calls `job`, whose verdict it is, from where nothing may be thrown.
+template <class Job>
+PdfVerdict verdictOfJob(Job job) {
+    try {
+        return job();
+    } catch (const std::bad_alloc&) {
+        return PdfVerdict::NoMemory;
+    } catch (const std::exception&) {
+        return PdfVerdict::Damaged;
+    }
 }
 
 void close(PdfFile* file) {
+    const Working working(*file);
+    file->list.reset();
     if (file->document != nullptr) {
-        const Working working(*file);
         g_object_unref(file->document);
     }
     delete file;
@@ -146,14 +160,10 @@ PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file)
     if (opened == nullptr) {
         return PdfVerdict::NoMemory;
     }
+    opened->bytes = {bytes, size};
     opened->log = log;
-    PdfVerdict verdict = PdfVerdict::NoMemory;
-    try {
-        verdict = openFile(*opened, bytes, size);
-    } catch (const std::bad_alloc&) {
-        // The verdict says it.
-    }
-    if (verdict == PdfVerdict::Open) {
+    const PdfVerdict verdict = verdictOfJob([&] { return openFile(*opened); });
+    if (verdict == PdfVerdict::Good) {
         opened->isOpen = true;
         if (opened->hasComplained) {
             log(opened->complaint.data(), opened->complaint.size());
@@ -165,75 +175,10 @@ PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file)
     return verdict;
 }
 
-/// Appends the code points of the library's UTF-8, in which surrogates may stand, too. What is cut
-/// off at the end is left out.
-void appendDecoded(std::string_view text, std::vector<char32_t>& codePoints) {
-    codePoints.reserve(text.size());
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const auto first = static_cast<unsigned char>(text[at]);
-        const std::size_t more = first < 0xC0 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-        if (more >= text.size() - at) {
-            return;
-        }
-        char32_t codePoint = more == 0 ? first : first & (0x3FU >> more);
-        for (std::size_t i = 1; i <= more; i++) {
-            codePoint = (codePoint << 6U) | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
-        }
-        codePoints.push_back(codePoint);
-        at += more + 1;
-    }
-}
-
-// The library puts words that read from the right into the order in which they are read, between
-// these code points, which have no boxes. The boxes keep the order of the page.
-constexpr char32_t kFromTheLeftMark = 0x202A;
-constexpr char32_t kFromTheRightMark = 0x202B;
-constexpr char32_t kEndMark = 0x202C;
-
-bool isMark(char32_t codePoint) {
-    return codePoint >= kFromTheLeftMark && codePoint <= kEndMark;
-}
-
-/// Appends what stands from `at` up to the next mark; returns where that is.
-std::size_t appendToMark(const std::vector<char32_t>& read, std::size_t at,
-                         std::vector<char32_t>& shown) {
-    while (at < read.size() && !isMark(read[at])) {
-        shown.push_back(read[at++]);
-    }
-    return at;
-}
-
-/// Appends the word behind a mark at `at` as it stands on the page; returns where it ends. What
-/// reads from the left inside it is turned twice.
-std::size_t appendTurned(const std::vector<char32_t>& read, std::size_t at,
-                         std::vector<char32_t>& shown) {
-    const auto start = static_cast<std::ptrdiff_t>(shown.size());
-    at = appendToMark(read, at + 1, shown);
-    while (at < read.size() && read[at] == kFromTheLeftMark) {
-        const auto inner = static_cast<std::ptrdiff_t>(shown.size());
-        at = appendToMark(read, at + 1, shown);
-        std::reverse(shown.begin() + inner, shown.end());
-        at += at < read.size() && read[at] == kEndMark ? 1 : 0;
-        at = appendToMark(read, at, shown);
-    }
-    std::reverse(shown.begin() + start, shown.end());
-    return at;
-}
-
-/// The characters in the order of the page, without the marks.
-std::vector<char32_t> charactersAsShown(const std::vector<char32_t>& read) {
-    std::vector<char32_t> shown;
-    shown.reserve(read.size());
-    std::size_t at = 0;
-    while (at < read.size()) {
-        at = appendToMark(read, at, shown);
-        if (at < read.size()) {
-            at = read[at] == kFromTheRightMark ? appendTurned(read, at, shown) : at + 1;
-        }
-    }
-    return shown;
-}
+/// Selections run from one point to another. On a page that reads from the left all text lies
+/// between its upper left corner and its lower right one, if both are taken far outside.
+constexpr double kFar = 1e9;
+constexpr PopplerRectangle kWholePage = {-kFar, -kFar, kFar, kFar};
 
 std::vector<PdfBox> boxesIn(PopplerPage* page, PopplerRectangle area) {
     PopplerRectangle* rectangles = nullptr;
@@ -244,74 +189,98 @@ std::vector<PdfBox> boxesIn(PopplerPage* page, PopplerRectangle area) {
     const OwnedArray<PopplerRectangle> owned(rectangles);
     std::vector<PdfBox> boxes;
     boxes.reserve(count);
-    for (guint i = 0; i < count; i++) {
-        const PopplerRectangle& box = rectangles[i];
-        boxes.push_back({box.x1, box.y1, box.x2, box.y2});
+    for (const PopplerRectangle& box : std::span(rectangles, count)) {
+        boxes.emplace_back(box.x1, box.y1, box.x2, box.y2);
     }
     return boxes;
 }
 
-/// Selections run from a corner to the opposite one. They take in everything only where the corners
-/// lie outside of all that is written and the page's direction fits.
-constexpr double kFarOutside = 1e9;
-constexpr PopplerRectangle kFromTheLeft = {-kFarOutside, -kFarOutside, kFarOutside, kFarOutside};
-constexpr PopplerRectangle kFromTheRight = {kFarOutside, -kFarOutside, -kFarOutside, kFarOutside};
-
-/// Makes a box for each character. Where the page has marks of its own, the counts fit as they are.
-/// Otherwise a file has characters that the library's text lacks, or text that it cuts off.
-void matchCharacters(PdfPageContents& contents) {
-    if (contents.characters.size() != contents.boxes.size()) {
-        contents.characters = charactersAsShown(contents.characters);
+void appendTextIn(PopplerPage* page, PopplerRectangle area, std::vector<char32_t>& characters) {
+    const OwnedArray<char> text(poppler_page_get_text_for_area(page, &area));
+    if (text != nullptr) {
+        platform::appendDecoded(std::string_view(text.get()), characters);
     }
-    contents.boxes.resize(contents.characters.size(),
-                          contents.boxes.empty() ? PdfBox{} : contents.boxes.back());
 }
 
-void readFonts(PdfPageContents& contents) {
-    for (const GList* link = contents.attributes; link != nullptr; link = link->next) {
+void readFonts(PopplerPage* page, PdfPageContents& contents) {
+    PopplerRectangle area = kWholePage;
+    GList* const runs = poppler_page_get_text_attributes_for_area(page, &area);
+    const std::unique_ptr<GList, FreeRuns> owned(runs);
+    for (const GList* link = runs; link != nullptr; link = link->next) {
         const auto* const run = static_cast<const PopplerTextAttributes*>(link->data);
-        const auto end = static_cast<std::size_t>(run->end_index) + 1;
-        contents.fonts.push_back({end, run->font_name, run->font_size});
+        contents.addFont(run->font_name, run->font_size,
+                         static_cast<std::size_t>(run->end_index) + 1);
     }
 }
 
-void read(PopplerPage* page, PdfPageContents& contents) {
-    PopplerRectangle area = kFromTheLeft;
-    contents.boxes = boxesIn(page, area);
-    OwnedArray<char> text(poppler_page_get_text_for_area(page, &area));
-    appendDecoded(text.get(), contents.characters);
-    if (std::any_of(contents.characters.begin(), contents.characters.end(), isMark)) {
-        // The page may be one that is read from the right.
-        std::vector<PdfBox> boxes = boxesIn(page, kFromTheRight);
-        if (boxes.size() > contents.boxes.size()) {
-            area = kFromTheRight;
-            contents.boxes = std::move(boxes);
-            text.reset(poppler_page_get_text_for_area(page, &area));
-            contents.characters.clear();
-            appendDecoded(text.get(), contents.characters);
+/// The library's words end where a code point of a character is zero. What is behind it can be
+/// selected, which is worth the time for so many of them on a page.
+constexpr int kMostEnds = 1000;
+
+/// Where characters from `first` up to `end` of a word stand. The middle of each counts.
+PopplerRectangle areaOf(const PdfPageContents& contents, std::size_t first, std::size_t end) {
+    const PdfBox& from = contents.boxes[first];
+    const PdfBox& to = contents.boxes[end - 1];
+    constexpr double kInside = 0.25;
+    return {from.left + (from.right - from.left) * kInside,
+            from.top + (from.bottom - from.top) * kInside,
+            to.right - (to.right - to.left) * kInside, to.bottom - (to.bottom - to.top) * kInside};
+}
+
+/// Looks for the characters that words have behind their zeros.
+void findMissing(PopplerPage* page, PdfPageContents& contents) {
+    std::vector<char32_t>& characters = contents.characters;
+    int ends = 0;
+    auto at = std::find(characters.begin(), characters.end(), U'\0');
+    while (at != characters.end() && ends++ < kMostEnds) {
+        const auto first = static_cast<std::size_t>(at - characters.begin()) + 1;
+        const auto behind = std::find_if(at, characters.end(), [](char32_t c) { return c != 0; });
+        const auto end = static_cast<std::size_t>(behind - characters.begin());
+        std::vector<char32_t> found;
+        if (first < end) {
+            appendTextIn(page, areaOf(contents, first, end), found);
         }
+        found.resize(std::min(found.size(), end - first));
+        at = std::copy(found.begin(), found.end(), at + 1);
+        at = std::find(at, characters.end(), U'\0');
     }
-    matchCharacters(contents);
-    contents.attributes = poppler_page_get_text_attributes_for_area(page, &area);
-    readFonts(contents);
 }
 
-PdfPageContents* readPage(PdfFile* file, std::size_t index) {
-    if (index >= file->pageCount) {
-        return nullptr;
+bool readList(PdfFile& file, std::size_t index, PdfPageContents& contents) {
+    if (file.list == nullptr) {
+        file.list = std::make_unique<platform::PdfWordList>(file.bytes.data(), file.bytes.size());
     }
+    return file.list->read(index, contents);
+}
+
+void read(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
+    contents.boxes = boxesIn(page, kWholePage);
+    appendTextIn(page, kWholePage, contents.characters);
+    if (!contents.areAll()) {
+        PdfPageContents listed;
+        if (readList(file, index, listed)) {
+            findMissing(page, listed);
+            contents = std::move(listed);
+            return;
+        }
+        std::erase_if(contents.characters, platform::isPdfDirectionMark);
+        contents.characters.resize(contents.boxes.size());
+    }
+    readFonts(page, contents);
+}
+
+PdfVerdict readPage(PdfFile* file, std::size_t index, PdfPageContents** contents) {
     const Working working(*file);
-    try {
+    return verdictOfJob([&] {
         const OwnedPage page(poppler_document_get_page(file->document, static_cast<int>(index)));
         if (page == nullptr) {
-            return nullptr;
+            return PdfVerdict::Damaged;
         }
-        auto contents = std::make_unique<PdfPageContents>();
-        read(page.get(), *contents);
-        return contents.release();
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
+        auto made = std::make_unique<PdfPageContents>();
+        read(*file, index, page.get(), *made);
+        *contents = made.release();
+        return PdfVerdict::Good;
+    });
 }
 
 PdfPageText textOf(const PdfPageContents* contents) {

@@ -14,8 +14,8 @@
 namespace platform {
 
 enum class PdfVerdict : std::uint8_t {
-    Open,
-    Encrypted,  ///< a password is needed
+    Good,
+    Encrypted,  ///< a password or a key is needed
     Damaged,    ///< nobody can make sense of it
     NoMemory
 };
@@ -39,9 +39,8 @@ struct PdfFunctions : ModuleHead {
     void (*close)(PdfFile* file);
 
     std::size_t (*countPages)(PdfFile* file);
-    /// Reads a page; null when there is no such page, or no memory. The file may be closed before
-    /// the contents go.
-    PdfPageContents* (*readPage)(PdfFile* file, std::size_t index);
+    /// Reads a page below the count. Its contents may be kept when the file is closed.
+    PdfVerdict (*readPage)(PdfFile* file, std::size_t index, PdfPageContents** contents);
     /// What the contents say; valid as long as they are kept.
     PdfPageText (*textOf)(const PdfPageContents* contents);
     void (*release)(PdfPageContents* contents);
