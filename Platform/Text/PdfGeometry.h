@@ -25,8 +25,12 @@ namespace platform {
 
 /// The smallest box that holds both.
 [[nodiscard]] inline PdfBox hullOf(const PdfBox& first, const PdfBox& second) {
-    return {std::min(first.left, second.left), std::min(first.top, second.top),
-            std::max(first.right, second.right), std::max(first.bottom, second.bottom)};
+    PdfBox hull;
+    hull.left = std::min(first.left, second.left);
+    hull.top = std::min(first.top, second.top);
+    hull.right = std::max(first.right, second.right);
+    hull.bottom = std::max(first.bottom, second.bottom);
+    return hull;
 }
 
 /// How far it is from one box to the other across the page; negative where one lies over the other.

@@ -32,8 +32,9 @@ struct PdfBox {
     float bottom = 0;
 
 private:
+    /// In this order of arguments what is no number stays none.
     static constexpr float bounded(double coordinate) {
-        return static_cast<float>(std::clamp(coordinate, -kEdge, kEdge));
+        return static_cast<float>(std::max(std::min(coordinate, kEdge), -kEdge));
     }
 };
 

@@ -30,19 +30,10 @@ bool isBlank(char32_t character) {
            character == U'\f' || character == U'\v' || character == 0xA0;
 }
 
-/// The box with its corners in order; that of the character before it where it has none.
-PdfBox soundBox(const PdfBox& box, const PdfBox& before) {
-    // Nearly all are sound. No comparison holds for what is no number.
-    if (box.left <= box.right && box.top <= box.bottom) {
-        return box;
-    }
-    if (std::isnan(box.left) || std::isnan(box.top) || std::isnan(box.right) ||
-        std::isnan(box.bottom)) {
-        return before;
-    }
-    const auto [left, right] = std::minmax({box.left, box.right});
-    const auto [top, bottom] = std::minmax({box.top, box.bottom});
-    return {left, top, right, bottom};
+/// Whether a box has its corners in order, as nearly all have. No comparison holds for what is no
+/// number.
+bool isSound(const PdfBox& box) {
+    return box.left <= box.right && box.top <= box.bottom;
 }
 
 /// Whether a word's last character stands on the right of the first, at the same height.
@@ -51,9 +42,8 @@ bool standsInOneRow(const PdfBox& first, const PdfBox& last) {
            first.right < last.right;
 }
 
-float soundSize(double size, const PdfBox& box) {
-    const double wanted = std::isfinite(size) && size > 0 ? size : heightOf(box);
-    return static_cast<float>(std::clamp(wanted, kSmallestSize, kLargestSize));
+float boundedSize(double size) {
+    return static_cast<float>(std::clamp(size, kSmallestSize, kLargestSize));
 }
 
 /// The box on a page that is turned until a word reads from the left.
@@ -81,9 +71,13 @@ public:
     }
 
     PdfPageWords make() {
-        for (std::size_t i = 0; i < text_.characters.size(); i++) {
-            take(i);
+        std::size_t at = 0;
+        for (const PdfFontRun& run : text_.fonts) {
+            useFont(run);
+            at = takeUntil(std::min(run.end, text_.characters.size()), at);
         }
+        useNoFont();
+        takeUntil(text_.characters.size(), at);
         endWord();
         if (fromTheRight_ > 0) {
             partLigatures(page_.glyphs);
@@ -99,33 +93,47 @@ private:
         std::optional<Turn> turn;
     };
 
-    void take(std::size_t index) {
-        const char32_t character = text_.characters[index];
-        while (run_ < text_.fonts.size() && text_.fonts[run_].end <= index) {
-            run_++;
-        }
-        if (isBlank(character)) {
-            endWord();
-            isBehindBlank_ = true;
-            if (character == U'\n') {
-                piece_++;
-                isBehindBlank_ = false;
+    /// Takes the characters from `at` up to `end`; returns where the next ones begin.
+    std::size_t takeUntil(std::size_t end, std::size_t at) {
+        for (; at < end; at++) {
+            const char32_t character = text_.characters[at];
+            if (isBlank(character)) {
+                takeBlank(character);
+            } else if (isPdfText(character)) {
+                takeGlyph(character, at < text_.boxes.size() ? text_.boxes[at] : PdfBox{});
             }
-        } else if (isPdfText(character)) {
-            takeGlyph(index);
+        }
+        return at;
+    }
+
+    void takeBlank(char32_t blank) {
+        endWord();
+        isBehindBlank_ = true;
+        if (blank == U'\n') {
+            piece_++;
+            isBehindBlank_ = false;
         }
     }
 
-    void takeGlyph(std::size_t index) {
-        const PdfBox before = page_.glyphs.empty() ? PdfBox{} : page_.glyphs.back().box;
+    void takeGlyph(char32_t character, const PdfBox& box) {
         PdfGlyph glyph;
-        glyph.character = text_.characters[index];
-        glyph.font = run_ < text_.fonts.size() ? fontOfRun() : 0;
-        glyph.box =
-            soundBox(index < text_.boxes.size() ? text_.boxes[index] : PdfBox{0, 0, 0, 0}, before);
-        glyph.size = soundSize(run_ < text_.fonts.size() ? text_.fonts[run_].size : 0, glyph.box);
+        glyph.character = character;
+        glyph.font = font_;
+        glyph.box = isSound(box) ? box : mended(box);
+        glyph.size = size_ > 0 ? size_ : boundedSize(heightOf(glyph.box));
         page_.glyphs.push_back(glyph);
-        fromTheRight_ += isFromTheRight(glyph.character) ? 1 : 0;
+        fromTheRight_ += isFromTheRight(character) ? 1 : 0;
+    }
+
+    /// A sound box for one that is not: that of the character before it where it is no box at all.
+    [[nodiscard]] PdfBox mended(const PdfBox& box) const {
+        if (std::isnan(box.left) || std::isnan(box.top) || std::isnan(box.right) ||
+            std::isnan(box.bottom)) {
+            return page_.glyphs.empty() ? PdfBox{} : page_.glyphs.back().box;
+        }
+        const auto [left, right] = std::minmax({box.left, box.right});
+        const auto [top, bottom] = std::minmax({box.top, box.bottom});
+        return {left, top, right, bottom};
     }
 
     [[nodiscard]] std::size_t countFromTheLeft() const {
@@ -134,21 +142,21 @@ private:
                           [](const PdfGlyph& glyph) { return isFromTheLeft(glyph.character); }));
     }
 
-    /// The number of the current run's font.
-    std::uint32_t fontOfRun() {
-        if (run_ != fontRun_) {
-            fontRun_ = run_;
-            const PdfFontRun& run = text_.fonts[run_];
-            const auto faces = static_cast<std::uint32_t>(faces_.size());
-            const std::uint32_t face = faces_.try_emplace(run.name, faces).first->second;
-            const auto fonts = static_cast<std::uint32_t>(page_.fonts.size());
-            const auto [found, isNew] = fonts_.try_emplace({face, run.size}, fonts);
-            if (isNew) {
-                page_.fonts.push_back({run.name, run.size, face});
-            }
-            font_ = found->second;
+    void useNoFont() {
+        font_ = 0;
+        size_ = 0;
+    }
+
+    void useFont(const PdfFontRun& run) {
+        size_ = std::isfinite(run.size) && run.size > 0 ? boundedSize(run.size) : 0;
+        const auto faces = static_cast<std::uint32_t>(faces_.size());
+        const std::uint32_t face = faces_.try_emplace(run.name, faces).first->second;
+        const auto fonts = static_cast<std::uint32_t>(page_.fonts.size());
+        const auto [found, isNew] = fonts_.try_emplace({face, size_}, fonts);
+        if (isNew) {
+            page_.fonts.push_back({run.name, size_ > 0 ? run.size : 0, face});
         }
-        return font_;
+        font_ = found->second;
     }
 
     /// Notes the word that the characters since the last one make.
@@ -247,13 +255,12 @@ private:
     PdfPageWords page_;
     std::vector<Found> words_;
     std::array<std::size_t, PdfPageWords::kTurns> counts_{};
-    /// The run of the current character, the last one that had its font looked for, and that font.
-    std::size_t run_ = 0;
-    std::size_t fontRun_ = static_cast<std::size_t>(-1);
+    /// The font of the current characters, and its size; 0 when there is none.
     std::uint32_t font_ = 0;
+    float size_ = 0;
     /// The first face is that of no font.
     std::map<std::string_view, std::uint32_t> faces_{{{}, 0}};
-    std::map<std::pair<std::uint32_t, double>, std::uint32_t> fonts_;
+    std::map<std::pair<std::uint32_t, float>, std::uint32_t> fonts_;
     /// How many letters are read from the right, and how many were before the current word.
     std::size_t fromTheRight_ = 0;
     std::size_t fromTheRightBefore_ = 0;

@@ -9,7 +9,6 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -180,26 +179,28 @@ PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file)
 constexpr double kFar = 1e9;
 constexpr PopplerRectangle kWholePage = {-kFar, -kFar, kFar, kFar};
 
-std::vector<PdfBox> boxesIn(PopplerPage* page, PopplerRectangle area) {
-    PopplerRectangle* rectangles = nullptr;
+/// The boxes of the characters of a page.
+struct Boxes {
+    OwnedArray<PopplerRectangle> first;
     guint count = 0;
-    if (poppler_page_get_text_layout_for_area(page, &area, &rectangles, &count) == FALSE) {
+};
+
+Boxes selectedBoxes(PopplerPage* page) {
+    PopplerRectangle area = kWholePage;
+    PopplerRectangle* first = nullptr;
+    guint count = 0;
+    if (poppler_page_get_text_layout_for_area(page, &area, &first, &count) == FALSE) {
         return {};
     }
-    const OwnedArray<PopplerRectangle> owned(rectangles);
-    std::vector<PdfBox> boxes;
-    boxes.reserve(count);
-    for (const PopplerRectangle& box : std::span(rectangles, count)) {
-        boxes.emplace_back(box.x1, box.y1, box.x2, box.y2);
-    }
-    return boxes;
+    return {OwnedArray<PopplerRectangle>(first), count};
 }
 
-void appendTextIn(PopplerPage* page, PopplerRectangle area, std::vector<char32_t>& characters) {
-    const OwnedArray<char> text(poppler_page_get_text_for_area(page, &area));
-    if (text != nullptr) {
-        platform::appendDecoded(std::string_view(text.get()), characters);
-    }
+OwnedArray<char> selectedText(PopplerPage* page, PopplerRectangle area) {
+    return OwnedArray<char>(poppler_page_get_text_for_area(page, &area));
+}
+
+std::string_view viewOf(const OwnedArray<char>& text) {
+    return text == nullptr ? std::string_view() : std::string_view(text.get());
 }
 
 void readFonts(PopplerPage* page, PdfPageContents& contents) {
@@ -238,7 +239,8 @@ void findMissing(PopplerPage* page, PdfPageContents& contents) {
         const auto end = static_cast<std::size_t>(behind - characters.begin());
         std::vector<char32_t> found;
         if (first < end) {
-            appendTextIn(page, areaOf(contents, first, end), found);
+            platform::appendDecoded(viewOf(selectedText(page, areaOf(contents, first, end))),
+                                    found);
         }
         found.resize(std::min(found.size(), end - first));
         at = std::copy(found.begin(), found.end(), at + 1);
@@ -253,9 +255,21 @@ bool readList(PdfFile& file, std::size_t index, PdfPageContents& contents) {
     return file.list->read(index, contents);
 }
 
+/// Each selection takes the memory of the one before it again, as long as nothing else takes that;
+/// so what they found is turned into contents at the end.
+void readSelection(PopplerPage* page, PdfPageContents& contents) {
+    readFonts(page, contents);
+    const Boxes boxes = selectedBoxes(page);
+    const OwnedArray<char> text = selectedText(page, kWholePage);
+    platform::appendDecoded(viewOf(text), contents.characters);
+    contents.boxes.resize(boxes.count);
+    std::transform(
+        boxes.first.get(), boxes.first.get() + boxes.count, contents.boxes.begin(),
+        [](const PopplerRectangle& box) { return PdfBox(box.x1, box.y1, box.x2, box.y2); });
+}
+
 void read(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
-    contents.boxes = boxesIn(page, kWholePage);
-    appendTextIn(page, kWholePage, contents.characters);
+    readSelection(page, contents);
     if (!contents.areAll()) {
         PdfPageContents listed;
         if (readList(file, index, listed)) {
@@ -266,7 +280,6 @@ void read(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& 
         std::erase_if(contents.characters, platform::isPdfDirectionMark);
         contents.characters.resize(contents.boxes.size());
     }
-    readFonts(page, contents);
 }
 
 PdfVerdict readPage(PdfFile* file, std::size_t index, PdfPageContents** contents) {
