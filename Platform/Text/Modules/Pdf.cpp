@@ -9,27 +9,27 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "Platform/Text/Modules/PdfComplaints.h"
 #include "Platform/Text/Modules/PdfContents.h"
 #include "Platform/Text/Modules/PdfDecoding.h"
 #include "Platform/Text/Modules/PdfModule.h"
 #include "Platform/Text/Modules/PdfWordList.h"
+#include "Platform/Text/PdfDirection.h"
 
 struct platform::PdfFile {
+    PdfFile(std::string_view bytes, PdfLog log) : bytes(bytes), complaints(log) {}
+
     std::string_view bytes;
+    platform::PdfComplaints complaints;
     PopplerDocument* document = nullptr;
     /// Open from the first page on that needs it.
     std::unique_ptr<platform::PdfWordList> list;
-    platform::PdfLog log = nullptr;
-    /// The first complaint, which tells most: damaged files draw one for each of their bytes.
-    std::string complaint;
-    bool hasComplained = false;
-    /// Until the file is open, it may still be refused, which says enough.
-    bool isOpen = false;
+    /// Whether the last page had text that is read from the right, as the next one may have.
+    bool readsFromTheRight = false;
     std::size_t pageCount = 0;
 };
 
@@ -61,21 +61,10 @@ private:
 /// Takes what the library complains about. A program may use the library, too, for documents of its
 /// own; GLib writes their lines to standard error.
 void takeLine(const gchar* domain, GLogLevelFlags level, const gchar* line, gpointer /*unused*/) {
-    if (current == nullptr) {
+    if (current != nullptr) {
+        current->complaints.take(line);
+    } else {
         g_log_default_handler(domain, level, line, nullptr);
-        return;
-    }
-    if (current->hasComplained) {
-        return;
-    }
-    current->hasComplained = true;
-    try {
-        current->complaint = std::string("PDF: ") + line;
-        if (current->isOpen) {
-            current->log(current->complaint.data(), current->complaint.size());
-        }
-    } catch (const std::bad_alloc&) {
-        // The library's code in C lies between here and who would want to know.
     }
 }
 
@@ -155,18 +144,13 @@ void close(PdfFile* file) {
 
 PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file) {
     listen();
-    PdfFile* const opened = new (std::nothrow) PdfFile;
+    PdfFile* const opened = new (std::nothrow) PdfFile({bytes, size}, log);
     if (opened == nullptr) {
         return PdfVerdict::NoMemory;
     }
-    opened->bytes = {bytes, size};
-    opened->log = log;
     const PdfVerdict verdict = verdictOfJob([&] { return openFile(*opened); });
     if (verdict == PdfVerdict::Good) {
-        opened->isOpen = true;
-        if (opened->hasComplained) {
-            log(opened->complaint.data(), opened->complaint.size());
-        }
+        opened->complaints.fileIsOpen();
         *file = opened;
     } else {
         close(opened);
@@ -248,11 +232,20 @@ void findMissing(PopplerPage* page, PdfPageContents& contents) {
     }
 }
 
-bool readList(PdfFile& file, std::size_t index, PdfPageContents& contents) {
+/// Reads a page from the list of its words; false when that cannot be.
+bool readList(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
     if (file.list == nullptr) {
         file.list = std::make_unique<platform::PdfWordList>(file.bytes.data(), file.bytes.size());
     }
-    return file.list->read(index, contents);
+    PdfPageContents listed;
+    if (!file.list->read(index, listed)) {
+        return false;
+    }
+    findMissing(page, listed);
+    file.readsFromTheRight =
+        std::any_of(listed.characters.begin(), listed.characters.end(), platform::isFromTheRight);
+    contents = std::move(listed);
+    return true;
 }
 
 /// Each selection takes the memory of the one before it again, as long as nothing else takes that;
@@ -269,14 +262,11 @@ void readSelection(PopplerPage* page, PdfPageContents& contents) {
 }
 
 void read(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
+    if (file.readsFromTheRight && readList(file, index, page, contents)) {
+        return;
+    }
     readSelection(page, contents);
-    if (!contents.areAll()) {
-        PdfPageContents listed;
-        if (readList(file, index, listed)) {
-            findMissing(page, listed);
-            contents = std::move(listed);
-            return;
-        }
+    if (!contents.areAll() && !readList(file, index, page, contents)) {
         std::erase_if(contents.characters, platform::isPdfDirectionMark);
         contents.characters.resize(contents.boxes.size());
     }
