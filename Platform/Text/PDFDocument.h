@@ -31,9 +31,9 @@ public:
 /// A document. Those that are read from files are one kind; a test may have another.
 class PDFDocument {
 public:
-    /// Opens the bytes of a PDF file. Answers nothing when they are none, or when a password is
-    /// needed to read it; the cause is the calling thread's last failure. What is odd in a file but
-    /// no reason to refuse it goes to the log.
+    /// Opens the bytes of a PDF file. Answers nothing when they are none, or when a password or a
+    /// key is needed to read it; the cause is the calling thread's last failure. The first thing
+    /// that is odd in a file but no reason to refuse it goes to the log.
     ///
     /// Selector: initWithData:
     [[nodiscard]] static std::shared_ptr<PDFDocument> initWithData(const Data& data);
