@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "Platform/Text/PdfBands.h"
 #include "Platform/Text/PdfGeometry.h"
 
 namespace platform {
@@ -17,9 +18,6 @@ constexpr int kDeepest = 6;
 /// No page has more columns side by side.
 constexpr std::size_t kMostIntervals = 64;
 
-/// The boxes of lines that are set close lie over one another by some of this share of their
-/// height.
-constexpr double kLoose = 0.2;
 /// In sizes: columns don't go on below a white space of this height, and what stands above them
 /// alone belongs to one of them only when it is nearer.
 constexpr double kWhiteSpace = 2.5;
@@ -29,35 +27,6 @@ constexpr double kNearAbove = 1.2;
 constexpr double kNarrowest = 6;
 constexpr double kFilled = 0.4;
 constexpr int kFewestRows = 2;
-
-struct Interval {
-    double left = 0;
-    double right = 0;
-};
-
-/// Fragments that stand beside each other, with white space above and below.
-struct Band {
-    Numbers numbers;
-    double top = 0;
-    double bottom = 0;
-    /// Where it is not white across the page, from the left.
-    std::vector<Interval> intervals;
-};
-
-/// Joins intervals with less than `gap` between them.
-void join(std::vector<Interval>& intervals, double gap) {
-    std::sort(intervals.begin(), intervals.end(),
-              [](const Interval& a, const Interval& b) { return a.left < b.left; });
-    std::size_t last = 0;
-    for (std::size_t i = 1; i < intervals.size(); i++) {
-        if (intervals[i].left - intervals[last].right < gap) {
-            intervals[last].right = std::max(intervals[last].right, intervals[i].right);
-        } else {
-            intervals[++last] = intervals[i];
-        }
-    }
-    intervals.resize(std::min(intervals.size(), last + 1));
-}
 
 /// Finds the columns of a part of a page.
 class ColumnFinder {
@@ -71,7 +40,7 @@ public:
             return;
         }
         size_ = medianSize(part);
-        const std::vector<Band> bands = bandsOf(part);
+        const std::vector<PdfBand> bands = bandsOf(part, fragments_, size_);
         if (depth == kDeepest || bands.size() == part.size()) {
             flows_.push_back(std::move(part));
             return;
@@ -81,7 +50,7 @@ public:
         std::size_t at = 0;
         while (at < bands.size()) {
             const std::size_t end = endOfRun(bands, at);
-            std::vector<Interval> columns = columnsOf(bands, at, end);
+            std::vector<PdfInterval> columns = columnsOf(bands, at, end);
             if (columns.size() < 2) {
                 // Where one row of several has no columns, none has.
                 at = std::max(at + 1, end);
@@ -102,7 +71,7 @@ public:
     }
 
 private:
-    static void append(const Band& band, Numbers& flow) {
+    static void append(const PdfBand& band, Numbers& flow) {
         flow.insert(flow.end(), band.numbers.begin(), band.numbers.end());
     }
 
@@ -123,41 +92,12 @@ private:
         return *middle;
     }
 
-    [[nodiscard]] double topOf(std::uint32_t number) const {
-        const PdfBox& box = fragments_[number].box;
-        return box.top + kLoose * heightOf(box);
-    }
-    [[nodiscard]] double bottomOf(std::uint32_t number) const {
-        const PdfBox& box = fragments_[number].box;
-        return box.bottom - kLoose * heightOf(box);
-    }
-
-    [[nodiscard]] std::vector<Band> bandsOf(Numbers part) const {
-        std::stable_sort(part.begin(), part.end(),
-                         [&](std::uint32_t a, std::uint32_t b) { return topOf(a) < topOf(b); });
-        std::vector<Band> bands;
-        for (const std::uint32_t number : part) {
-            if (bands.empty() || topOf(number) >= bands.back().bottom) {
-                bands.push_back({{}, topOf(number), bottomOf(number), {}});
-            }
-            Band& band = bands.back();
-            band.numbers.push_back(number);
-            band.bottom = std::max(band.bottom, bottomOf(number));
-            const PdfBox& box = fragments_[number].box;
-            band.intervals.push_back({box.left, box.right});
-        }
-        for (Band& band : bands) {
-            join(band.intervals, gap());
-        }
-        return bands;
-    }
-
     [[nodiscard]] double gap() const { return kPdfColumnGap * size_; }
 
     /// Where the bands end that have a gap in common with the one at `start`; `start` when that has
     /// none.
-    [[nodiscard]] std::size_t endOfRun(const std::vector<Band>& bands, std::size_t start) const {
-        std::vector<Interval> run = bands[start].intervals;
+    [[nodiscard]] std::size_t endOfRun(const std::vector<PdfBand>& bands, std::size_t start) const {
+        std::vector<PdfInterval> run = bands[start].intervals;
         if (run.size() < 2) {
             return start;
         }
@@ -167,7 +107,7 @@ private:
                 break;
             }
             run.insert(run.end(), bands[end].intervals.begin(), bands[end].intervals.end());
-            join(run, gap());
+            joinIntervals(run, gap());
             if (run.size() < 2 || run.size() > kMostIntervals) {
                 break;
             }
@@ -176,19 +116,19 @@ private:
     }
 
     /// Where the columns of text lie in some bands; fewer than two when these are none.
-    [[nodiscard]] std::vector<Interval> columnsOf(const std::vector<Band>& bands, std::size_t start,
-                                                  std::size_t end) const {
-        std::vector<Interval> parts;
+    [[nodiscard]] std::vector<PdfInterval> columnsOf(const std::vector<PdfBand>& bands,
+                                                     std::size_t start, std::size_t end) const {
+        std::vector<PdfInterval> parts;
         for (std::size_t i = start; i < end; i++) {
             parts.insert(parts.end(), bands[i].intervals.begin(), bands[i].intervals.end());
         }
-        join(parts, gap());
+        joinIntervals(parts, gap());
         if (parts.size() > kMostIntervals) {
             return {};
         }
-        std::vector<Interval> columns;
+        std::vector<PdfInterval> columns;
         bool goesOn = false;
-        for (const Interval& part : parts) {
+        for (const PdfInterval& part : parts) {
             if (goesOn) {
                 columns.back().right = part.right;
             } else {
@@ -206,8 +146,8 @@ private:
     }
 
     /// Whether the fragments of some bands inside an interval look like a column of text.
-    [[nodiscard]] bool isText(const std::vector<Band>& bands, std::size_t start, std::size_t end,
-                              const Interval& interval) const {
+    [[nodiscard]] bool isText(const std::vector<PdfBand>& bands, std::size_t start, std::size_t end,
+                              const PdfInterval& interval) const {
         if (interval.right - interval.left < kNarrowest * size_) {
             return false;
         }
@@ -232,14 +172,14 @@ private:
 
     /// The first of the bands above `start` that belong to a column: each is close to what it
     /// stands on and reaches into no other column.
-    [[nodiscard]] std::size_t startAbove(const std::vector<Band>& bands, std::size_t open,
+    [[nodiscard]] std::size_t startAbove(const std::vector<PdfBand>& bands, std::size_t open,
                                          std::size_t start,
-                                         const std::vector<Interval>& columns) const {
+                                         const std::vector<PdfInterval>& columns) const {
         while (start > open) {
-            const Band& band = bands[start - 1];
+            const PdfBand& band = bands[start - 1];
             const bool isClose = bands[start].top - band.bottom <= kNearAbove * size_;
             const bool isInside =
-                std::any_of(columns.begin(), columns.end(), [&](const Interval& column) {
+                std::any_of(columns.begin(), columns.end(), [&](const PdfInterval& column) {
                     return band.intervals.front().left >= column.left - gap() / 2 &&
                            band.intervals.back().right <= column.right + gap() / 2;
                 });
@@ -251,8 +191,8 @@ private:
         return start;
     }
 
-    void readColumns(const std::vector<Band>& bands, std::size_t start, std::size_t end,
-                     const std::vector<Interval>& columns, int depth) {
+    void readColumns(const std::vector<PdfBand>& bands, std::size_t start, std::size_t end,
+                     const std::vector<PdfInterval>& columns, int depth) {
         std::vector<Numbers> parts(columns.size());
         for (std::size_t i = start; i < end; i++) {
             for (const std::uint32_t number : bands[i].numbers) {

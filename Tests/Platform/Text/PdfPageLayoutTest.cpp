@@ -6,31 +6,16 @@
 #include <limits>
 #include <string>
 
-#include "Platform/Foundation/Unicode.h"
 #include "Platform/Text/Font.h"
 #include "Tests/Support/DrawnPage.h"
+#include "Tests/Support/DrawnTexts.h"
 
 namespace platform {
 namespace {
 
 using test::DrawnPage;
-
-std::string textOf(const DrawnPage& page) {
-    return utf8FromUtf16(attributedStringFromPdfPage(page.text()).string());
-}
-
-struct Row {
-    const char* name;
-    DrawnPage page;
-    const char* want;
-};
-
-void expectTexts(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(textOf(row.page), row.want);
-    }
-}
+using test::expectTexts;
+using test::textOf;
 
 TEST(PdfPageLayout, EndsAPageWithALineFeedOrABrokenWord) {
     expectTexts({
@@ -43,120 +28,6 @@ TEST(PdfPageLayout, EndsAPageWithALineFeedOrABrokenWord) {
         {"a digit and a hyphen", {{0, 0, U"2019-"}}, "2019-\n"},
         {"a hyphen alone", {{0, 0, U"-"}}, "-\n"},
     });
-}
-
-TEST(PdfPageLayout, JoinsTheLinesOfAParagraph) {
-    expectTexts({
-        {"full lines",
-         {{0, 0, U"one two three"}, {0, 12, U"four five six"}},
-         "one two three four five six\n"},
-        {"a word that is broken",
-         {{0, 0, U"one two hyphen-"}, {0, 12, U"ated three four"}},
-         "one two hyphen- ated three four\n"},
-        {"soft hyphens at ends and inside",
-         {{0, 0, U"one two hyphen\u00AD"}, {0, 12, U"a\u00ADted three four"}},
-         "one two hyphen- ated three four\n"},
-        {"Unicode's hyphens at ends and inside",
-         {{0, 0, U"one two hyphen\u2010"}, {0, 12, U"a\u2010ted three four"}},
-         "one two hyphen- a\u2010ted three four\n"},
-        {"a stretch of years",
-         {{0, 0, U"words of 2019-"}, {0, 12, U"2020 and later"}},
-         "words of 2019-2020 and later\n"},
-        {"Han and kana",
-         {{0, 0, U"\u4EBA\u985E\u793E\u4F1A\u306E"}, {0, 12, U"\u3059\u3079\u3066\u306E\u69CB"}},
-         "\u4EBA\u985E\u793E\u4F1A\u306E\u3059\u3079\u3066\u306E\u69CB\n"},
-        {"Thai",
-         {{0, 0, U"\u0E21\u0E19\u0E38\u0E29\u0E22"}, {0, 12, U"\u0E17\u0E31\u0E49\u0E07"}},
-         "\u0E21\u0E19\u0E38\u0E29\u0E22\u0E17\u0E31\u0E49\u0E07\n"},
-        {"Han before Latin",
-         {{0, 0, U"\u4EBA\u985E\u793E\u4F1A\u306E"}, {0, 12, U"words"}},
-         "\u4EBA\u985E\u793E\u4F1A\u306E words\n"},
-    });
-}
-
-TEST(PdfPageLayout, EndsAParagraph) {
-    expectTexts({
-        {"where the next word would have had room",
-         {{0, 0, U"a long line of words"}, {0, 12, U"its end"}, {0, 24, U"next paragraph here"}},
-         "a long line of words its end\nnext paragraph here\n"},
-        {"where the next line is indented",
-         {{0, 0, U"a line that is full"},
-          {0, 12, U"and another one too"},
-          {15, 24, U"indented a while"},
-          {0, 36, U"and going on so far"}},
-         "a line that is full and another one too\nindented a while and going on so far\n"},
-        {"where a wider space follows",
-         {{0, 0, U"a line that is full"},
-          {0, 12, U"and another one too"},
-          {0, 30, U"after a wider space"},
-          {0, 42, U"and going on so far"}},
-         "a line that is full and another one too\nafter a wider space and going on so far\n"},
-        {"where the size changes",
-         {{0, 0, U"Headline", 16}, {0, 20, U"words of the text"}, {0, 32, U"that is below it."}},
-         "Headline\nwords of the text that is below it.\n"},
-        {"where the font changes",
-         {{0, 0, U"a heading in bold", 10, "Bold"}, {0, 12, U"words of the text"}},
-         "a heading in bold\nwords of the text\n"},
-        {"before a bullet",
-         {{0, 0, U"\u2022 first of items"},
-          {10, 12, U"goes on there"},
-          {0, 24, U"\u2022 second of them"}},
-         "\u2022 first of items goes on there\n\u2022 second of them\n"},
-        {"where lines hang",
-         {{0, 0, U"Entry one of the list"},
-          {20, 12, U"goes on in here, ab"},
-          {20, 24, U"and for longer, too"},
-          {0, 36, U"Entry two of the list"}},
-         "Entry one of the list goes on in here, ab and for longer, too\nEntry two of the list\n"},
-        {"but not where lines stand in the middle",
-         {{0, 0, U"a title as wide as this is"}, {20, 12, U"and a second line."}},
-         "a title as wide as this is and a second line.\n"},
-    });
-}
-
-TEST(PdfPageLayout, ReadsColumnsOneAfterTheOther) {
-    const DrawnPage twoColumns = {
-        {0, 0, U"A headline over both of the columns", 14},
-        {0, 40, U"left column begins"},
-        {110, 40, U"right begins here"},
-        {0, 52, U"and goes on and on"},
-        {110, 52, U"and goes on as th"},
-        {0, 64, U"until it ends here"},
-        {110, 64, U"left one has done"},
-        {60, 120, U"- 7 -"},
-    };
-    EXPECT_EQ(textOf(twoColumns),
-              "A headline over both of the columns\nleft column begins and goes on and on until it "
-              "ends here right begins here and goes on as th left one has done\n- 7 -\n");
-    const DrawnPage unlikeHeights = {
-        {0, 0, U"left column begins"},   {0, 12, U"and goes on and on"},
-        {0, 24, U"until it ends here."}, {110, 5, U"right begins here"},
-        {110, 17, U"and goes on as th"}, {110, 29, U"left one has done."},
-    };
-    EXPECT_EQ(textOf(unlikeHeights),
-              "left column begins and goes on and on until it ends here.\nright begins here and "
-              "goes on as th left one has done.\n");
-}
-
-TEST(PdfPageLayout, GoesOnWithAWordInTheNextColumn) {
-    const DrawnPage page = {
-        {0, 0, U"left column begins"},   {110, 0, U"ated at its start"},
-        {0, 12, U"and goes on and on"},  {110, 12, U"and goes on as th"},
-        {0, 24, U"until it is hyphen-"}, {110, 24, U"left one has done."},
-    };
-    EXPECT_EQ(
-        textOf(page),
-        "left column begins and goes on and on until it is hyphen- ated at its start and goes "
-        "on as th left one has done.\n");
-}
-
-TEST(PdfPageLayout, ReadsATableByItsRows) {
-    const DrawnPage page = {
-        {0, 0, U"Berlin"},  {80, 0, U"1,234"},  {160, 0, U"DE"},
-        {0, 20, U"Vienna"}, {80, 20, U"56"},    {160, 20, U"AT"},
-        {0, 40, U"Paris"},  {80, 40, U"7,890"}, {160, 40, U"FR"},
-    };
-    EXPECT_EQ(textOf(page), "Berlin 1,234 DE\nVienna 56 AT\nParis 7,890 FR\n");
 }
 
 TEST(PdfPageLayout, PartsWordsThatStandApartInOnePiece) {
@@ -189,34 +60,6 @@ TEST(PdfPageLayout, ReadsTextThatRunsUpOrDown) {
                       {50, 12, U"and reads as always does."}};
     both.addUp({0, 300, U"margin"});
     EXPECT_EQ(textOf(both), "Most of the page is upright and reads as always does.\nmargin\n");
-}
-
-TEST(PdfPageLayout, ReadsFromTheRightWhatIsWrittenSo) {
-    // As it stands on the page, from the left.
-    expectTexts({
-        {"words", {{0, 0, U"\u05D3\u05D2 \u05D1\u05D0"}}, "\u05D0\u05D1 \u05D2\u05D3\n"},
-        {"a number", {{0, 0, U"\u05D1 12.5 \u05D0"}}, "\u05D0 12.5 \u05D1\n"},
-        {"brackets", {{0, 0, U"(\u05D1) \u05D0"}}, "\u05D0 (\u05D1)\n"},
-        {"a word of another script",
-         {{0, 0, U"\u05D3\u05D2\u05D1 word two \u05D0\u05D0\u05D0\u05D0\u05D0"}},
-         "\u05D0\u05D0\u05D0\u05D0\u05D0 word two \u05D1\u05D2\u05D3\n"},
-        {"in a line of another script",
-         {{0, 0, U"Latin words with \u05D1\u05D0 \u05D3\u05D2 in the middle"}},
-         "Latin words with \u05D2\u05D3 \u05D0\u05D1 in the middle\n"},
-        {"a full stop at the line's end", {{0, 0, U".\u05D1\u05D0"}}, "\u05D0\u05D1.\n"},
-        {"a full stop where the line is set from the left",
-         {{0, 0, U"\u05D1\u05D0."}},
-         "\u05D0\u05D1.\n"},
-        {"columns",
-         {{0, 0, U"\u05D4\u05D4\u05D4\u05D4\u05D4\u05D4 \u05D5\u05D5\u05D5\u05D5\u05D5\u05D5"},
-          {100, 0, U"\u05D0\u05D0\u05D0\u05D0\u05D0\u05D0 \u05D1\u05D1\u05D1\u05D1\u05D1\u05D1"},
-          {0, 12, U".\u05D4\u05D4\u05D4\u05D4\u05D4 \u05D5\u05D5\u05D5\u05D5\u05D5\u05D5"},
-          {100, 12, U".\u05D0\u05D0\u05D0\u05D0\u05D0 \u05D1\u05D1\u05D1\u05D1\u05D1\u05D1"}},
-         "\u05D1\u05D1\u05D1\u05D1\u05D1\u05D1 \u05D0\u05D0\u05D0\u05D0\u05D0\u05D0 "
-         "\u05D1\u05D1\u05D1\u05D1\u05D1\u05D1 \u05D0\u05D0\u05D0\u05D0\u05D0.\n"
-         "\u05D5\u05D5\u05D5\u05D5\u05D5\u05D5 \u05D4\u05D4\u05D4\u05D4\u05D4\u05D4 "
-         "\u05D5\u05D5\u05D5\u05D5\u05D5\u05D5 \u05D4\u05D4\u05D4\u05D4\u05D4.\n"},
-    });
 }
 
 TEST(PdfPageLayout, TellsLigaturesOfLamAndAlefFromTheArticle) {
@@ -264,8 +107,6 @@ TEST(PdfPageLayout, WritesCharactersAsUnicodeWouldHaveThem) {
 }
 
 TEST(PdfPageLayout, KeepsTheFontOfEachCharacter) {
-    DrawnPage page;
-    page.add({0, 0, U"Plain ", 10, "Times-Roman"});
     const AttributedString text = attributedStringFromPdfPage(DrawnPage{
         {0, 0, U"Heading", 14, "Times-Bold"},
         {0, 30, U"Text", 10, "Times-Roman"}}.text());

@@ -1,0 +1,82 @@
+#include "Platform/Text/PdfParagraphs.h"
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/DrawnTexts.h"
+
+namespace platform {
+namespace {
+
+using test::expectTexts;
+
+TEST(PdfParagraphs, JoinsTheLinesOfAParagraph) {
+    expectTexts({
+        {"full lines",
+         {{0, 0, U"one two three"}, {0, 12, U"four five six"}},
+         "one two three four five six\n"},
+        {"a word that is broken",
+         {{0, 0, U"one two hyphen-"}, {0, 12, U"ated three four"}},
+         "one two hyphen- ated three four\n"},
+        {"soft hyphens at ends and inside",
+         {{0, 0, U"one two hyphen\u00AD"}, {0, 12, U"a\u00ADted three four"}},
+         "one two hyphen- ated three four\n"},
+        {"Unicode's hyphens at ends and inside",
+         {{0, 0, U"one two hyphen\u2010"}, {0, 12, U"a\u2010ted three four"}},
+         "one two hyphen- a\u2010ted three four\n"},
+        {"a stretch of years",
+         {{0, 0, U"words of 2019-"}, {0, 12, U"2020 and later"}},
+         "words of 2019-2020 and later\n"},
+        {"Han and kana",
+         {{0, 0, U"\u4EBA\u985E\u793E\u4F1A\u306E"}, {0, 12, U"\u3059\u3079\u3066\u306E\u69CB"}},
+         "\u4EBA\u985E\u793E\u4F1A\u306E\u3059\u3079\u3066\u306E\u69CB\n"},
+        {"Thai",
+         {{0, 0, U"\u0E21\u0E19\u0E38\u0E29\u0E22"}, {0, 12, U"\u0E17\u0E31\u0E49\u0E07"}},
+         "\u0E21\u0E19\u0E38\u0E29\u0E22\u0E17\u0E31\u0E49\u0E07\n"},
+        {"Han before Latin",
+         {{0, 0, U"\u4EBA\u985E\u793E\u4F1A\u306E"}, {0, 12, U"words"}},
+         "\u4EBA\u985E\u793E\u4F1A\u306E words\n"},
+    });
+}
+
+TEST(PdfParagraphs, EndsAParagraph) {
+    expectTexts({
+        {"where the next word would have had room",
+         {{0, 0, U"a long line of words"}, {0, 12, U"its end"}, {0, 24, U"next paragraph here"}},
+         "a long line of words its end\nnext paragraph here\n"},
+        {"where the next line is indented",
+         {{0, 0, U"a line that is full"},
+          {0, 12, U"and another one too"},
+          {15, 24, U"indented a while"},
+          {0, 36, U"and going on so far"}},
+         "a line that is full and another one too\nindented a while and going on so far\n"},
+        {"where a wider space follows",
+         {{0, 0, U"a line that is full"},
+          {0, 12, U"and another one too"},
+          {0, 30, U"after a wider space"},
+          {0, 42, U"and going on so far"}},
+         "a line that is full and another one too\nafter a wider space and going on so far\n"},
+        {"where the size changes",
+         {{0, 0, U"Headline", 16}, {0, 20, U"words of the text"}, {0, 32, U"that is below it."}},
+         "Headline\nwords of the text that is below it.\n"},
+        {"where the font changes",
+         {{0, 0, U"a heading in bold", 10, "Bold"}, {0, 12, U"words of the text"}},
+         "a heading in bold\nwords of the text\n"},
+        {"before a bullet",
+         {{0, 0, U"\u2022 first of items"},
+          {10, 12, U"goes on there"},
+          {0, 24, U"\u2022 second of them"}},
+         "\u2022 first of items goes on there\n\u2022 second of them\n"},
+        {"where lines hang",
+         {{0, 0, U"Entry one of the list"},
+          {20, 12, U"goes on in here, ab"},
+          {20, 24, U"and for longer, too"},
+          {0, 36, U"Entry two of the list"}},
+         "Entry one of the list goes on in here, ab and for longer, too\nEntry two of the list\n"},
+        {"but not where lines stand in the middle",
+         {{0, 0, U"a title as wide as this is"}, {20, 12, U"and a second line."}},
+         "a title as wide as this is and a second line.\n"},
+    });
+}
+
+}  // namespace
+}  // namespace platform
