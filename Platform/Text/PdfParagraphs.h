@@ -8,22 +8,17 @@
 #include <span>
 #include <vector>
 
+#include "Platform/Text/PdfFlow.h"
 #include "Platform/Text/PdfLineText.h"
-#include "Platform/Text/PdfLines.h"
 
 namespace platform {
-
-/// A line with what it says.
-struct PdfTextLine {
-    PdfLine line;
-    PdfLineText text;
-};
 
 /// Returns, for each line of a page, whether it goes on with the paragraph of the one before it.
 /// `flows` says how many lines each stretch of a column has.
 ///
 /// A paragraph ends where a wider space follows, where size or font change as a whole, where the
 /// next line begins farther in, and where the next line's first word would still have had room.
+/// Only that, and rows of a table, end it behind a letter and a hyphen.
 [[nodiscard]] std::vector<bool> linesThatGoOn(std::span<const PdfTextLine> lines,
                                               std::span<const std::size_t> flows,
                                               std::span<const PdfFont> fonts);

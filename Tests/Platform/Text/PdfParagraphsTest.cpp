@@ -78,5 +78,74 @@ TEST(PdfParagraphs, EndsAParagraph) {
     });
 }
 
+TEST(PdfParagraphs, LeavesAHyphenAloneWhereTheLineStillHadRoom) {
+    expectTexts({
+        {"items that end in a hyphen",
+         {{0, 0, U"These groups are there:"},
+          {0, 12, U"A+"},
+          {0, 24, U"A-"},
+          {0, 36, U"AB-"},
+          {0, 48, U"and no others than those"}},
+         "These groups are there: A+\nA-\nAB-\nand no others than those\n"},
+        {"rows of a table",
+         {{0, 0, U"Miller"}, {150, 0, U"A-"}, {0, 12, U"Smith"}, {150, 12, U"B+"}},
+         "Miller A-\nSmith B+\n"},
+        {"items with wide spaces between them",
+         {{0, 0, U"These groups are there:"},
+          {0, 12, U"they are those as a list"},
+          {0, 32, U"A-"},
+          {0, 52, U"B-"},
+          {0, 72, U"none"}},
+         "These groups are there: they are those as a list\nA-\nB-\nnone\n"},
+        {"but not where the line was full for its word",
+         {{0, 0, U"one line that is the longest"},
+          {0, 12, U"and a shorter one that hyphen-"},
+          {0, 24, U"ates, before the whole of its"},
+          {0, 36, U"text that is ragged incon-"},
+          {0, 48, U"veniently ends."}},
+         "one line that is the longest and a shorter one that hyphen- ates, before the whole of "
+         "its text that is ragged incon- veniently ends.\n"},
+        {"nor where a picture leaves less room",
+         {{0, 0, U"one line of as much as there is of width"},
+          {0, 12, U"two lines of less that hyphen-"},
+          {0, 24, U"ate, before the rest of the te"},
+          {0, 36, U"xt comes, whose lines have all of it, too"}},
+         "one line of as much as there is of width two lines of less that hyphen- ate, before "
+         "the rest of the te\nxt comes, whose lines have all of it, too\n"},
+    });
+}
+
+TEST(PdfParagraphs, GoesOnWithAWordBelowAWiderSpace) {
+    expectTexts({
+        {"below something tall",
+         {{0, 0, U"words of the text that go"},
+          {0, 12, U"on until they are hyphen-"},
+          {0, 30, U"ated and go on below, all"},
+          {0, 42, U"of them."}},
+         "words of the text that go on until they are hyphen- ated and go on below, all of "
+         "them.\n"},
+        {"but not where the line still had room",
+         {{0, 0, U"words of the text that go"},
+          {0, 12, U"on to A-"},
+          {0, 30, U"ated and go on below, all"}},
+         "words of the text that go on to A-\nated and go on below, all\n"},
+        {"nor far below",
+         {{0, 0, U"words of the text that go"},
+          {0, 12, U"on until they are hyphen-"},
+          {0, 42, U"ated and go on below, all"}},
+         "words of the text that go on until they are hyphen-\nated and go on below, all\n"},
+        {"nor in another size",
+         {{0, 0, U"words of the text that go"},
+          {0, 12, U"on until they are hyphen-"},
+          {0, 30, U"a heading", 14}},
+         "words of the text that go on until they are hyphen-\na heading\n"},
+        {"nor in the middle",
+         {{0, 0, U"words of the text that go"},
+          {0, 12, U"on until they are hyphen-"},
+          {30, 32, U"a caption"}},
+         "words of the text that go on until they are hyphen-\na caption\n"},
+    });
+}
+
 }  // namespace
 }  // namespace platform
