@@ -7,31 +7,16 @@
 
 #include "Platform/Text/PdfDirection.h"
 #include "Platform/Text/PdfGeometry.h"
-#include "Platform/Text/Scripts.h"
 
 namespace platform {
 namespace {
 
-/// In sizes: the narrowest blank, and that between characters of scripts that have none.
-constexpr double kBlank = 0.15;
-constexpr double kWideBlank = 0.5;
 /// In sizes: how far to the right of its place a mark is drawn that has no width.
 constexpr double kMarkCentre = 0.35;
 constexpr double kNoWidth = 0.01;
 /// In sizes: what goes together into the next line where no blank tells.
 constexpr double kWideStart = 2;
 constexpr double kLongestThaiWord = 5;
-
-bool isIdeographic(char32_t character) {
-    constexpr char32_t kFirst = 0x2E80;
-    if (character < kFirst) {
-        return false;
-    }
-    const Script script = scriptOf(character);
-    return script == Script::Han || script == Script::Kana || script == Script::Bopomofo ||
-           (character >= 0x3000 && character <= 0x303F) ||
-           (character >= 0xFF00 && character <= 0xFF65);
-}
 
 bool endsSentence(char32_t character) {
     constexpr std::u32string_view kEnds = U".,:;!?\u2026\u060C\u061B\u061F\u06D4";
@@ -80,29 +65,18 @@ private:
 
     /// How much must go together into the next line where the script has no blanks.
     [[nodiscard]] double widestStart() const {
-        const PdfGlyph& first = glyphsOf(source_.words[words_.front()]).front();
-        if (isIdeographic(first.character)) {
-            return kWideStart * first.size;
+        const auto word = glyphsOf(source_.words[words_.front()]);
+        if (!beginsWithoutBlanks(word)) {
+            return HUGE_VAL;
         }
-        return standsWithoutBlanks(first.character) ? kLongestThaiWord * first.size : HUGE_VAL;
+        const bool isThai =
+            !isIdeographic(word.front().character) && standsWithoutBlanks(word.front().character);
+        return (isThai ? kLongestThaiWord : kWideStart) * word.front().size;
     }
 
-    /// Whether a blank parts a word from the one before it. Within a piece the library has seen
-    /// how wide the line's blanks are and knows better than a width for all.
     [[nodiscard]] bool hasBlankBefore(std::size_t index) const {
-        const PdfWord& before = source_.words[words_[index - 1]];
-        const PdfWord& word = source_.words[words_[index]];
-        const PdfGlyph& last = source_.page.glyphs[before.end - 1];
-        const PdfGlyph& first = source_.page.glyphs[word.first];
-        const double size = std::max(last.size, first.size);
-        const double gap = gapAcross(before.box, word.box);
-        if (isIdeographic(last.character) && isIdeographic(first.character)) {
-            return gap > kWideBlank * size;
-        }
-        if (before.piece == word.piece && words_[index - 1] + 1 == words_[index]) {
-            return word.isBehindBlank || gap > kWideBlank * size;
-        }
-        return gap > kBlank * size;
+        return hasBlankBetween(source_.words[words_[index - 1]], source_.words[words_[index]],
+                               words_[index - 1] + 1 == words_[index], source_.page.glyphs);
     }
 
     const PdfLineSource& source_;
@@ -185,7 +159,7 @@ private:
             const auto first = static_cast<std::uint32_t>(items_.size());
             if (i < letters_.size()) {
                 const PdfGlyph& letter = glyphs_[letters_[i]];
-                if (i > 0 && letter.box.left - right > kBlank * letter.size) {
+                if (i > 0 && letter.box.left - right > kPdfBlank * letter.size) {
                     cells_.push_back({first, first, U' '});
                 }
                 right = i == 0 ? letter.box.right : std::max<double>(right, letter.box.right);
@@ -245,22 +219,6 @@ private:
 };
 
 }  // namespace
-
-bool standsWithoutBlanks(char32_t character) noexcept {
-    constexpr char32_t kFirst = 0xE01;
-    if (character < kFirst) {
-        return false;
-    }
-    switch (scriptOf(character)) {
-        case Script::Thai:
-        case Script::Lao:
-        case Script::Khmer:
-        case Script::Myanmar:
-            return true;
-        default:
-            return isIdeographic(character);
-    }
-}
 
 PdfLineText textOfLine(const PdfLine& line, const PdfLineSource& source) {
     std::vector<std::uint32_t> words;

@@ -8,16 +8,11 @@
 #include <span>
 #include <vector>
 
+#include "Platform/Text/PdfBlanks.h"
 #include "Platform/Text/PdfLines.h"
 #include "Platform/Text/PdfWords.h"
 
 namespace platform {
-
-/// A character of a text, and the place of its font among the page's.
-struct PdfCharacter {
-    char32_t character = 0;
-    std::uint32_t font = 0;
-};
 
 /// A line as text. Blanks part its words, none is at its ends.
 struct PdfLineText {
@@ -36,9 +31,5 @@ struct PdfLineSource {
 };
 
 [[nodiscard]] PdfLineText textOfLine(const PdfLine& line, const PdfLineSource& source);
-
-/// Whether a character belongs to a script that has no blanks between words, or is one of its
-/// signs.
-[[nodiscard]] bool standsWithoutBlanks(char32_t character) noexcept;
 
 }  // namespace platform

@@ -4,13 +4,15 @@
 #include <cmath>
 #include <cstddef>
 
+#include "Platform/Text/PdfBlanks.h"
 #include "Platform/Text/PdfDirection.h"
 #include "Platform/Text/PdfGeometry.h"
 
 namespace platform {
 namespace {
 
-/// In sizes: fragments may lie so far over one another and stand in one line all the same.
+/// In the larger one's sizes: fragments may lie so far over one another and stand in one line all
+/// the same, but no more than the smaller one's size.
 constexpr double kOverlap = 0.3;
 /// In sizes: those that are farther apart must stand at the same height.
 constexpr double kNear = 3;
@@ -24,7 +26,9 @@ constexpr std::size_t kCheckedFragments = 48;
 
 bool standOverEachOther(const PdfFragment& first, const PdfFragment& second) {
     return !first.isOfMarks && !second.isOfMarks &&
-           gapAcross(first.box, second.box) < -kOverlap * std::max(first.size, second.size);
+           gapAcross(first.box, second.box) <
+               -std::min(kOverlap * std::max(first.size, second.size),
+                         std::min(first.size, second.size));
 }
 
 bool belongTogether(const PdfFragment& first, const PdfFragment& second) {
@@ -66,12 +70,17 @@ public:
 private:
     PdfLine* lineFor(const PdfFragment& fragment) {
         const std::size_t first = lines_.size() - std::min(lines_.size(), kOpenLines);
+        PdfLine* found = nullptr;
         for (std::size_t i = lines_.size(); i > first; i--) {
-            if (fits(lines_[i - 1], fragment)) {
-                return &lines_[i - 1];
+            PdfLine& line = lines_[i - 1];
+            if (fits(line, fragment)) {
+                found = &line;
+                if (!isMuchLarger(fragment.size, fragments_[line.fragments.front()].size)) {
+                    break;
+                }
             }
         }
-        return nullptr;
+        return found;
     }
 
     /// Whether a fragment stands beside one of a line's, and over none of them.
@@ -100,12 +109,17 @@ private:
             }
         }
         line.box.left = line.box.right = fragments_[line.fragments.front()].box.left;
+        line.hasTallCapital = line.fragments.size() > 1 &&
+                              isMuchLarger(fragments_[line.fragments.front()].size, line.size);
         for (const std::uint32_t number : line.fragments) {
             const PdfBox& box = fragments_[number].box;
             if (box.left - line.box.right > kPdfColumnGap * line.size) {
                 line.gaps.push_back({line.box.right, box.left});
             }
             line.box.right = std::max(line.box.right, box.right);
+        }
+        if (line.hasTallCapital) {
+            line.box.left = fragments_[line.fragments[1]].box.left;
         }
     }
 

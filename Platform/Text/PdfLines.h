@@ -47,10 +47,13 @@ struct PdfLine {
     std::vector<PdfGap> gaps;
     /// The size of most of its text.
     double size = 1;
+    /// Whether it begins with a capital as tall as several lines; the box begins behind that.
+    bool hasTallCapital = false;
 };
 
 /// Puts fragments together to lines, from the top. What stands beside something else belongs to its
-/// line, unless both stand over one another.
+/// line, unless both stand over one another, and what is as tall as several lines to the first of
+/// them.
 [[nodiscard]] std::vector<PdfLine> linesOf(std::span<const std::uint32_t> flow,
                                            std::span<const PdfFragment> fragments);
 

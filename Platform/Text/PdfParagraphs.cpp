@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Platform/Text/Modules/UnicodeModule.h"
+#include "Platform/Text/PdfBlanks.h"
 #include "Platform/Text/PdfGeometry.h"
 
 namespace platform {
@@ -20,10 +21,6 @@ constexpr double kLooseEnd = 2.5;
 
 bool isLetter(char32_t character) {
     return moduleFunctions<UnicodeFunctions>().isLetter(character);
-}
-
-bool isHyphen(char32_t character) {
-    return character == U'-' || character == 0xAD || character == 0x2010;
 }
 
 bool isBullet(char32_t character) {
@@ -70,7 +67,8 @@ bool isHanging(const PdfFlow& flow, std::size_t index) {
            std::abs(flow.indent(index + 1, index)) <= kIndent * first.line.size;
 }
 
-/// Whether a line goes on with the paragraph of the one above it. `isFirst`: that one begins it.
+/// Whether a line goes on with the paragraph of the one above it. `isFirst`: that one begins it, or
+/// stands beside the tall capital that does.
 bool continues(const PdfFlow& flow, std::size_t index, bool isFirst) {
     const PdfTextLine& above = flow.line(index - 1);
     const PdfTextLine& line = flow.line(index);
@@ -95,11 +93,16 @@ bool continues(const PdfFlow& flow, std::size_t index, bool isFirst) {
 /// Notes for each line whether it goes on with the paragraph of the one before; the first does not.
 void decide(const PdfFlow& flow, std::vector<bool>& goesOn) {
     bool isFirst = true;
+    bool isBesideCapital = flow.line(0).line.hasTallCapital;
     goesOn.push_back(false);
     for (std::size_t i = 1; i < flow.count(); i++) {
+        const PdfLine& line = flow.line(i).line;
         const bool joins = continues(flow, i, isFirst);
         goesOn.push_back(joins);
-        isFirst = !joins;
+        isBesideCapital =
+            line.hasTallCapital ||
+            (joins && isBesideCapital && std::abs(flow.indent(i, i - 1)) <= kIndent * line.size);
+        isFirst = !joins || isBesideCapital;
     }
 }
 
@@ -134,7 +137,7 @@ bool goesOnInColumn(const PdfFlow& flow, const PdfFlow& next) {
 
 bool endsInBrokenWord(const PdfLineText& text) {
     const std::size_t count = text.characters.size();
-    return count > 1 && isHyphen(text.characters[count - 1].character) &&
+    return count > 1 && isPdfHyphen(text.characters[count - 1].character) &&
            isLetter(text.characters[count - 2].character);
 }
 

@@ -15,14 +15,13 @@ namespace {
 constexpr char32_t kSoftHyphen = 0xAD;
 constexpr char32_t kHyphen = 0x2010;
 
-bool isDigit(char32_t character) {
-    return character >= U'0' && character <= U'9';
-}
-
-/// Whether a character is one form of a letter, or of several.
+/// Whether a character is one form of a letter, or of several, or a radical that looks like an
+/// ideograph.
 bool isForm(char32_t character) {
     return (character >= 0xFB00 && character <= 0xFDFF) ||
-           (character >= 0xFE70 && character <= 0xFEFC);
+           (character >= 0xFE70 && character <= 0xFEFC) ||
+           (character >= 0x2F00 && character <= 0x2FD5) || character == 0x2E9F ||
+           character == 0x2EF3;
 }
 
 /// Whether a character may be a part of one with what stands before it. Han and Hangul are not.
@@ -62,11 +61,7 @@ void PdfTextWriter::begin(const PdfLineText& line) {
 }
 
 void PdfTextWriter::goOn(const PdfLineText& line) {
-    const char32_t first = line.characters.front().character;
-    const bool isUnbroken = standsWithoutBlanks(last_) && standsWithoutBlanks(first);
-    // The hyphen between numbers is no break.
-    const bool isNumber = last_ == U'-' && isDigit(beforeLast_) && isDigit(first);
-    if (!isUnbroken && !isNumber) {
+    if (!joinWithoutBlank(above_, line.characters)) {
         appendUnits(u" ", font_);
     }
     write(line);
@@ -90,10 +85,7 @@ void PdfTextWriter::write(const PdfLineText& line) {
             append(character, font);
         }
     }
-    const std::size_t count = line.characters.size();
-    const char32_t last = line.characters[count - 1].character;
-    last_ = last == kSoftHyphen || last == kHyphen ? U'-' : last;
-    beforeLast_ = count > 1 ? line.characters[count - 2].character : 0;
+    above_ = line.characters;
     endsInBrokenWord_ = endsInBrokenWord(line);
 }
 

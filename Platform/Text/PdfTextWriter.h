@@ -21,7 +21,8 @@ class PdfTextWriter {
 public:
     explicit PdfTextWriter(std::span<const PdfFont> fonts);
 
-    /// Writes a line that begins a paragraph, or goes on with the last one.
+    /// Writes a line that begins a paragraph, or goes on with the last one. The line must stay
+    /// until the next one is written.
     void begin(const PdfLineText& line);
     void goOn(const PdfLineText& line);
 
@@ -46,9 +47,7 @@ private:
     /// Where the run begins that is being written, and its font.
     std::size_t runStart_ = 0;
     std::uint32_t font_ = 0;
-    /// What the last line ended with.
-    char32_t last_ = 0;
-    char32_t beforeLast_ = 0;
+    std::span<const PdfCharacter> above_;
     bool endsInBrokenWord_ = false;
 };
 

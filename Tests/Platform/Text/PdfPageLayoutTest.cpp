@@ -47,6 +47,42 @@ TEST(PdfPageLayout, PutsSmallMarksIntoTheirLine) {
     EXPECT_EQ(textOf(page), "See the note7 for more of it.\n");
 }
 
+TEST(PdfPageLayout, PutsATallCapitalBeforeTheFirstLineBesideIt) {
+    expectTexts({
+        {"as tall as three lines",
+         {{0, 0, U"O", 36},
+          {22, 0, U"nce upon a time it was"},
+          {22, 12, U"so that two more lines"},
+          {22, 24, U"stood beside the large"},
+          {0, 36, U"letter that began them all"}},
+         "Once upon a time it was so that two more lines stood beside the large letter that began "
+         "them all\n"},
+        {"as tall as two",
+         {{0, 0, U"\u201CT", 24},
+          {29, 0, U"he house stood on a"},
+          {29, 12, U"hill and looked ov-"},
+          {0, 24, U"er all that was around it"},
+          {0, 36, U"for so many a long year"},
+          {10, 48, U"and the next paragraph"},
+          {0, 60, U"begins a bit farther in"}},
+         "\u201CThe house stood on a hill and looked ov- er all that was around it for so many a "
+         "long year\nand the next paragraph begins a bit farther in\n"},
+        {"that stands higher than its line",
+         {{0, 0, U"R", 30},
+          {17, 20, U"aised above its line as"},
+          {0, 32, U"it is in some old books"}},
+         "Raised above its line as it is in some old books\n"},
+        {"but a number stands alone",
+         {{0, 0, U"7", 24}, {15, 0, U"things that are on a"}, {15, 12, U"list, and more of it"}},
+         "7 things that are on a list, and more of it\n"},
+    });
+}
+
+TEST(PdfPageLayout, LetsNoHugeCharacterSwallowOthers) {
+    const DrawnPage page = {{0, 0, U"X", 500}, {60, 250, U"words"}, {60, 280, U"others"}};
+    EXPECT_EQ(textOf(page), "words\nothers\nX\n");
+}
+
 TEST(PdfPageLayout, ReadsTextThatRunsUpOrDown) {
     DrawnPage down;
     down.addDown({300, 0, U"runs down the page"});
@@ -100,6 +136,10 @@ TEST(PdfPageLayout, WritesCharactersAsUnicodeWouldHaveThem) {
         {"characters above the first plane",
          {{0, 0, U"\U0001F600\U00020000"}},
          "\U0001F600\U00020000\n"},
+        {"radicals that look like ideographs",
+         {{0, 0, U"\u2F08\u2F24 \u2EF3\u2E9F"}},
+         "\u4EBA\u5927 \u9F9F\u6BCD\n"},
+        {"radicals that look like none", {{0, 0, U"\u2E81\u2F24"}}, "\u2E81\u5927\n"},
         {"lone surrogates", {{0, 0, std::u32string{U'a', 0xD800, U'b'}}}, "ab\n"},
         {"an Arabic form", {{0, 0, U"\uFE8E\uFE91"}}, "\u0628\u0627\n"},
         {"an Arabic mark that stands alone", {{0, 0, U"\uFE8F\uFE70"}}, "\u064B\u0628\n"},
