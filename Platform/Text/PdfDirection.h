@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+#include "Platform/Text/Modules/UnicodeModule.h"
+
 namespace platform {
 
 /// Whether a character lies among the scripts that are read from the right.
@@ -38,11 +40,16 @@ struct PdfCell {
     std::uint32_t first = 0;
     std::uint32_t end = 0;
     char32_t character = 0;
+    /// Signs within numbers and beside them are numbers, too.
+    CharacterDirection direction = CharacterDirection::Neutral;
 };
 
 /// Puts the cells of a line, given from its left to its right, into the order in which they are
-/// read. In a line that is read from the right, what has letters of other scripts keeps its order,
-/// and so do numbers in both; the other way round it is the same.
+/// read; their directions are found here. In a line that is read from the right, what has letters
+/// of other scripts keeps its order, and so do numbers in both; the other way round it is the same.
+/// What belongs to a number is what Unicode's rules for writing such lines say, read backwards:
+/// separators between its digits and, unless it follows Arabic letters, signs as that of percent
+/// and currency; a minus before it, too, as writers disagree about that.
 void orderAsRead(std::vector<PdfCell>& cells, bool readsFromTheRight);
 
 }  // namespace platform
