@@ -44,4 +44,11 @@ namespace platform {
     return shared >= std::min(heightOf(first), heightOf(second)) / 2;
 }
 
+/// Whether a box stands on the right of another, level with it and three of its heights away at
+/// most.
+[[nodiscard]] inline bool standsShortlyBehind(const PdfBox& box, const PdfBox& other) {
+    return other.left < box.left && gapAcross(other, box) <= 3 * heightOf(box) &&
+           areLevel(other, box);
+}
+
 }  // namespace platform

@@ -47,6 +47,7 @@ public:
             }
         }
         text.startWidth = std::min(text.startWidth, widestStart());
+        text.isBehindBullet = source_.words[words_.front()].isBehindBullet;
         return text;
     }
 

@@ -18,6 +18,8 @@ namespace platform {
 struct PdfLineText {
     std::vector<PdfCharacter> characters;
     bool readsFromTheRight = false;
+    /// Whether a code for private use stands before it, which is hardly ever anything but a bullet.
+    bool isBehindBullet = false;
     /// How much room its first word takes, or as much of a script without blanks as goes together
     /// into the next line.
     double startWidth = 0;

@@ -9,6 +9,7 @@
 #include "Platform/Text/Modules/UnicodeModule.h"
 #include "Platform/Text/PdfBlanks.h"
 #include "Platform/Text/PdfGeometry.h"
+#include "Platform/Text/PdfItems.h"
 
 namespace platform {
 namespace {
@@ -21,12 +22,6 @@ constexpr double kLooseEnd = 2.5;
 
 bool isLetter(char32_t character) {
     return moduleFunctions<UnicodeFunctions>().isLetter(character);
-}
-
-bool isBullet(char32_t character) {
-    constexpr std::u32string_view kBullets =
-        U"\u2022\u2023\u2043\u25AA\u25AB\u25CF\u25CB\u25E6\u25A0\u25A1\u2756\u27A2";
-    return kBullets.find(character) != std::u32string_view::npos;
 }
 
 /// Whether a character may end a sentence, or close what ends one.
@@ -57,54 +52,66 @@ bool goesOnWithWord(const PdfFlow& flow, std::size_t index) {
            (areClose(above, line) && flow.indent(index, index - 1) <= kIndent * line.line.size);
 }
 
-/// Whether a line that begins farther in than the first of its paragraph is one of several.
-bool isHanging(const PdfFlow& flow, std::size_t index) {
-    const PdfTextLine& first = flow.line(index - 1);
-    if (isBullet(first.text.characters.front().character)) {
-        return true;
-    }
-    return index + 1 < flow.count() && flow.isInBlock(index + 1) &&
-           std::abs(flow.indent(index + 1, index)) <= kIndent * first.line.size;
-}
+/// The paragraphs of one flow.
+class Paragraphs {
+public:
+    explicit Paragraphs(const PdfFlow& flow)
+        : flow_(flow), beginItems_(linesThatBeginItems(flow)) {}
 
-/// Whether a line goes on with the paragraph of the one above it. `isFirst`: that one begins it, or
-/// stands beside the tall capital that does.
-bool continues(const PdfFlow& flow, std::size_t index, bool isFirst) {
-    const PdfTextLine& above = flow.line(index - 1);
-    const PdfTextLine& line = flow.line(index);
-    if (goesOnWithWord(flow, index)) {
-        return true;
+    /// Notes for each line whether it goes on with the paragraph of the one before; the first does
+    /// not.
+    void decide(std::vector<bool>& goesOn) const {
+        bool isFirst = true;
+        bool isBesideCapital = flow_.line(0).line.hasTallCapital;
+        goesOn.push_back(false);
+        for (std::size_t i = 1; i < flow_.count(); i++) {
+            const PdfLine& line = flow_.line(i).line;
+            const bool joins = continues(i, isFirst);
+            goesOn.push_back(joins);
+            isBesideCapital =
+                line.hasTallCapital || (joins && isBesideCapital &&
+                                        std::abs(flow_.indent(i, i - 1)) <= kIndent * line.size);
+            isFirst = !joins || isBesideCapital;
+        }
     }
-    if (!flow.isInBlock(index) || areRows(above.line, line.line) ||
-        isBullet(line.text.characters.front().character) || !flow.shareFont(above, line) ||
-        flow.hasRoomFor(index - 1, line.text.startWidth)) {
-        return false;
-    }
-    const double size = line.line.size;
-    const double indent = flow.indent(index, index - 1);
-    const bool isCentred =
-        std::abs(centreOf(line.line.box) - centreOf(above.line.box)) <= kCentred * size;
-    if (std::abs(indent) <= kIndent * size || isCentred) {
-        return true;
-    }
-    return isFirst && (indent < 0 || isHanging(flow, index));
-}
 
-/// Notes for each line whether it goes on with the paragraph of the one before; the first does not.
-void decide(const PdfFlow& flow, std::vector<bool>& goesOn) {
-    bool isFirst = true;
-    bool isBesideCapital = flow.line(0).line.hasTallCapital;
-    goesOn.push_back(false);
-    for (std::size_t i = 1; i < flow.count(); i++) {
-        const PdfLine& line = flow.line(i).line;
-        const bool joins = continues(flow, i, isFirst);
-        goesOn.push_back(joins);
-        isBesideCapital =
-            line.hasTallCapital ||
-            (joins && isBesideCapital && std::abs(flow.indent(i, i - 1)) <= kIndent * line.size);
-        isFirst = !joins || isBesideCapital;
+private:
+    /// Whether a line goes on with the paragraph of the one above it. `isFirst`: that one begins
+    /// it, or stands beside the tall capital that does.
+    [[nodiscard]] bool continues(std::size_t index, bool isFirst) const {
+        const PdfTextLine& above = flow_.line(index - 1);
+        const PdfTextLine& line = flow_.line(index);
+        if (beginItems_[index]) {
+            return false;
+        }
+        if (goesOnWithWord(flow_, index)) {
+            return true;
+        }
+        if (!flow_.isInBlock(index) || areRows(above.line, line.line) || endsInLeader(above.text) ||
+            !flow_.shareFont(above, line) || flow_.hasRoomFor(index - 1, line.text.startWidth)) {
+            return false;
+        }
+        const double size = line.line.size;
+        const double indent = flow_.indent(index, index - 1);
+        const bool isCentred =
+            std::abs(centreOf(line.line.box) - centreOf(above.line.box)) <= kCentred * size;
+        if (std::abs(indent) <= kIndent * size || isCentred) {
+            return true;
+        }
+        return isFirst && (indent < 0 || isHanging(index));
     }
-}
+
+    /// Whether a line that begins farther in than the first of its paragraph is one of several, or
+    /// belongs to an item.
+    [[nodiscard]] bool isHanging(std::size_t index) const {
+        return beginItems_[index - 1] || (index + 1 < flow_.count() && flow_.isInBlock(index + 1) &&
+                                          std::abs(flow_.indent(index + 1, index)) <=
+                                              kIndent * flow_.line(index - 1).line.size);
+    }
+
+    const PdfFlow& flow_;
+    const std::vector<bool> beginItems_;
+};
 
 /// Whether the last line is as full as those above it.
 bool endsFull(const PdfFlow& flow, double startWidth) {
@@ -150,7 +157,7 @@ std::vector<bool> linesThatGoOn(std::span<const PdfTextLine> lines,
     for (const std::size_t count : flows) {
         const std::size_t start = goesOn.size();
         PdfFlow flow(lines.subspan(start, count), fonts);
-        decide(flow, goesOn);
+        Paragraphs(flow).decide(goesOn);
         goesOn[start] = before && goesOnInColumn(*before, flow);
         before.emplace(std::move(flow));
     }

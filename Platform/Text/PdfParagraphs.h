@@ -17,8 +17,9 @@ namespace platform {
 /// `flows` says how many lines each stretch of a column has.
 ///
 /// A paragraph ends where a wider space follows, where size or font change as a whole, where the
-/// next line begins farther in, and where the next line's first word would still have had room.
-/// Only that, and rows of a table, end it behind a letter and a hyphen.
+/// next line begins farther in, where an item of a list begins, behind dots that lead to a number,
+/// and where the next line's first word would still have had room. Behind a letter and a hyphen
+/// only an item, rows of a table and much room end it.
 [[nodiscard]] std::vector<bool> linesThatGoOn(std::span<const PdfTextLine> lines,
                                               std::span<const std::size_t> flows,
                                               std::span<const PdfFont> fonts);

@@ -101,6 +101,8 @@ private:
                 takeBlank(character);
             } else if (isPdfText(character)) {
                 takeGlyph(character, at < text_.boxes.size() ? text_.boxes[at] : PdfBox{});
+            } else if (isForPrivateUse(character) && at < text_.boxes.size()) {
+                bullet_ = text_.boxes[at];
             }
         }
         return at;
@@ -167,6 +169,9 @@ private:
             words_.push_back(
                 {{first_, end, piece_, isBehindBlank_, fromTheRight_ > fromTheRightBefore_, {}},
                  turn});
+            words_.back().word.isBehindBullet =
+                bullet_ && standsShortlyBehind(page_.glyphs[first_].box, *bullet_);
+            bullet_.reset();
             fromTheRightBefore_ = fromTheRight_;
             if (turn) {
                 counts_[static_cast<std::size_t>(*turn)] += end - first_;
@@ -267,6 +272,7 @@ private:
     std::uint32_t first_ = 0;
     std::uint32_t piece_ = 0;
     bool isBehindBlank_ = false;
+    std::optional<PdfBox> bullet_;
 };
 
 }  // namespace
@@ -279,10 +285,10 @@ bool isPdfText(char32_t character) noexcept {
     const bool isDirection = character == 0x61C || character == 0x200E || character == 0x200F ||
                              (character >= 0x202A && character <= 0x202E) ||
                              (character >= 0x2066 && character <= 0x2069);
-    const bool isPrivate = (character >= 0xE000 && character <= 0xF8FF) || character >= 0xF0000;
     const bool isNoCharacter = (character >= 0xD800 && character <= 0xDFFF) ||
                                (character & 0xFFFEU) == 0xFFFE || character == 0xFEFF;
-    return !isControl && !isDirection && !isPrivate && !isNoCharacter && !isBlank(character);
+    return !isControl && !isDirection && !isForPrivateUse(character) && !isNoCharacter &&
+           !isBlank(character);
 }
 
 PdfPageWords wordsOfPage(const PdfPageText& text) {

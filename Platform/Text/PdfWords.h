@@ -43,6 +43,8 @@ struct PdfWord {
     /// Whether it has letters that are read from the right.
     bool isFromTheRight = false;
     PdfBox box;
+    /// Whether a code for private use, which is left out, stands before it on its line.
+    bool isBehindBullet = false;
 };
 
 /// What a page is made of. Text that runs down, up or upside down is turned until it reads from the
@@ -59,6 +61,11 @@ struct PdfPageWords {
     /// Whether most letters belong to scripts that are read from the right.
     bool readsFromTheRight = false;
 };
+
+/// Whether a character is a code for private use. Those that bullets have are the commonest.
+[[nodiscard]] constexpr bool isForPrivateUse(char32_t character) noexcept {
+    return (character >= 0xE000 && character <= 0xF8FF) || character >= 0xF0000;
+}
 
 /// Whether a character of a page is text: neither blank nor control character, no mark of direction
 /// and no code for private use, which means nothing outside its font.

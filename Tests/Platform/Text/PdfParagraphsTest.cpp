@@ -101,6 +101,69 @@ TEST(PdfParagraphs, EndsAParagraph) {
     });
 }
 
+TEST(PdfParagraphs, BeginsAParagraphWithEachItem) {
+    expectTexts({
+        {"bullets that are codes for private use",
+         {{0, 0, U"\uF0B7 first of items"},
+          {10, 12, U"goes on there as"},
+          {10, 24, U"full as it could"},
+          {0, 36, U"\uF0B7 second of them"}},
+         "first of items goes on there as full as it could\nsecond of them\n"},
+        {"such bullets as pieces of their own",
+         {{0, 0, U"\uF0B7"},
+          {20, 0, U"first of all items"},
+          {0, 12, U"\uF0B7"},
+          {20, 12, U"second of all these"}},
+         "first of all items\nsecond of all these\n"},
+        {"but no such code inside a line",
+         {{0, 0, U"words before \uF0B7 and"}, {0, 12, U"words behind that too"}},
+         "words before and words behind that too\n"},
+        {"numbers",
+         {{0, 0, U"the list of all items:"},
+          {0, 12, U"1. the first one of it"},
+          {0, 24, U"2. the second one that"},
+          {15, 36, U"goes on a bit here,"},
+          {0, 48, U"3. the third, at the end"}},
+         "the list of all items:\n1. the first one of it\n2. the second one that goes on a bit "
+         "here,\n3. the third, at the end\n"},
+        {"numbers of two kinds",
+         {{0, 0, U"(9) the first one of it"},
+          {20, 12, U"a) a part of that one"},
+          {20, 24, U"b) the other part of it"},
+          {0, 36, U"(10) the other of these"}},
+         "(9) the first one of it\na) a part of that one\nb) the other part of it\n(10) the other "
+         "of these\n"},
+        {"but no number alone",
+         {{0, 0, U"it was on the morning of"}, {0, 12, U"3. May that it all began"}},
+         "it was on the morning of 3. May that it all began\n"},
+        {"nor numbers that do not follow each other",
+         {{0, 0, U"it was on the morning of"},
+          {0, 12, U"3. May that it began; on"},
+          {0, 24, U"9. May it was all over"}},
+         "it was on the morning of 3. May that it began; on 9. May it was all over\n"},
+        {"nor numbers with something else behind them",
+         {{0, 0, U"1.5 of them were in the"}, {0, 12, U"2.5 and so on for a long"}},
+         "1.5 of them were in the 2.5 and so on for a long\n"},
+    });
+}
+
+TEST(PdfParagraphs, EndsAParagraphBehindDotsThatLeadToANumber) {
+    expectTexts({
+        {"pages of chapters",
+         {{0, 0, U"Preface ............ xii"},
+          {0, 12, U"The chapter . . . . .  1"},
+          {0, 24, U"The last \u2026\u2026\u2026\u2026\u2026\u2026 12"}},
+         "Preface ............ xii\nThe chapter . . . . . 1\nThe last "
+         "\u2026\u2026\u2026\u2026\u2026\u2026 12\n"},
+        {"dots to be filled in",
+         {{0, 0, U"Name ............."}, {0, 12, U"Town ............."}},
+         "Name .............\nTown .............\n"},
+        {"but not behind a few",
+         {{0, 0, U"and then it was ..."}, {0, 12, U"as if it had been"}},
+         "and then it was ... as if it had been\n"},
+    });
+}
+
 TEST(PdfParagraphs, LeavesAHyphenAloneWhereTheLineStillHadRoom) {
     expectTexts({
         {"items that end in a hyphen",
