@@ -38,22 +38,55 @@ ReadLines linesAsRead(const PdfPageWords& page, std::span<const PdfWord> words) 
     return read;
 }
 
+/// A stretch of lines and whether each goes on with the paragraph of the one before.
+class Writing {
+public:
+    Writing(const PdfPageWords& page, std::span<const PdfWord> words)
+        : read_(linesAsRead(page, words)),
+          goesOn_(linesThatGoOn(read_.lines, read_.flows, page.fonts)) {}
+
+    [[nodiscard]] std::size_t count() const { return read_.lines.size(); }
+
+    /// Where the last paragraph begins when it ends in a broken word, else the end.
+    [[nodiscard]] std::size_t startOfBrokenEnd() const {
+        std::size_t start = count();
+        if (start > 0 && endsInBrokenWord(read_.lines.back().text)) {
+            do {
+                start--;
+            } while (goesOn_[start]);
+        }
+        return start;
+    }
+
+    void write(PdfTextWriter& writer, std::size_t start, std::size_t end) const {
+        for (std::size_t i = start; i < end; i++) {
+            if (goesOn_[i]) {
+                writer.goOn(read_.lines[i].text);
+            } else {
+                writer.begin(read_.lines[i].text);
+            }
+        }
+    }
+
+private:
+    ReadLines read_;
+    std::vector<bool> goesOn_;
+};
+
 }  // namespace
 
 AttributedString attributedStringFromPdfPage(const PdfPageText& page) {
     const PdfPageWords words = wordsOfPage(page);
     PdfTextWriter writer(words.fonts);
-    for (const auto& turn : words.wordsByTurn) {
-        const ReadLines read = linesAsRead(words, turn);
-        const std::vector<bool> goesOn = linesThatGoOn(read.lines, read.flows, words.fonts);
-        for (std::size_t i = 0; i < read.lines.size(); i++) {
-            if (goesOn[i]) {
-                writer.goOn(read.lines[i].text);
-            } else {
-                writer.begin(read.lines[i].text);
-            }
-        }
+    const Writing most(words, words.wordsByTurn.front());
+    // A word that goes on at the top of the next page must come last.
+    const std::size_t end = most.startOfBrokenEnd();
+    most.write(writer, 0, end);
+    for (const auto& turn : std::span(words.wordsByTurn).subspan(1)) {
+        const Writing other(words, turn);
+        other.write(writer, 0, other.count());
     }
+    most.write(writer, end, most.count());
     return writer.finish();
 }
 

@@ -98,6 +98,20 @@ TEST(PdfPageLayout, ReadsTextThatRunsUpOrDown) {
     EXPECT_EQ(textOf(both), "Most of the page is upright and reads as always does.\nmargin\n");
 }
 
+TEST(PdfPageLayout, PutsTextOfOtherDirectionsBeforeAWordThatGoesOnOnTheNextPage) {
+    DrawnPage two = {{50, 0, U"First paragraph of the page"},
+                     {50, 30, U"and one more that is hyphen"},
+                     {50, 42, U"ated where the page is end-"}};
+    two.addUp({0, 300, U"margin"});
+    EXPECT_EQ(
+        textOf(two),
+        "First paragraph of the page\nmargin\nand one more that is hyphen ated where the page "
+        "is end- ");
+    DrawnPage one = {{50, 0, U"Only paragraph of a page"}, {50, 12, U"whose last word is hyphen-"}};
+    one.addUp({0, 300, U"margin-"});
+    EXPECT_EQ(textOf(one), "margin-\nOnly paragraph of a page whose last word is hyphen- ");
+}
+
 TEST(PdfPageLayout, TellsLigaturesOfLamAndAlefFromTheArticle) {
     // The article's letters, of two widths, then a ligature's halves, whose lam has a width of its
     // own.
