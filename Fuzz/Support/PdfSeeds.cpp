@@ -85,6 +85,25 @@ std::vector<Seed> pdfLayoutSeeds() {
                         .line(0, 200, "2345678901234")
                         .line(1600, 200, "3456789012345")
                         .data()},
+        {"columns-half-a-line-apart", LayoutSeed()
+                                          .line(0, 0, "0123456789012")
+                                          .line(1600, 100, "1234567890123")
+                                          .line(0, 200, "2345678901234")
+                                          .line(1600, 300, "3456789012345")
+                                          .data()},
+        {"tall-capital", LayoutSeed()
+                             .character(4, 0, 0, 80, 144, 120)
+                             .line(340, 0, "0123 0123")
+                             .line(340, 200, "123 4S")
+                             .line(0, 400, "0123 45")
+                             .data()},
+        {"items", LayoutSeed()
+                      .line(0, 0, "b 0123 01S")
+                      .line(0, 200, "b 123 45 0")
+                      .line(0, 400, "5W 12 4567")
+                      .line(0, 600, "6W 01 2WWWWW 5")
+                      .data()},
+        {"signs-at-numbers", LayoutSeed().line(0, 0, "9:; 56k S78 l5W67 =>? 5S6 :;").data()},
         {"from-the-right", LayoutSeed().line(0, 0, "9:; =>?@A").line(900, 0, "@A@A").data()},
         {"one-place", LayoutSeed().line(0, 0, "0").line(0, 0, "1").line(0, 0, "2").data()},
         {"no-numbers", LayoutSeed()

@@ -27,7 +27,7 @@ constexpr std::u32string_view kKept =
 constexpr std::u32string_view kOthers =
     U"        "
     U"\n\n\n--\u2010\u00AD.,()\u0303\u0308\u064B\u05B8\u0E34\uFB01\uFEFB\uF0B7\u202B\u200Eaeu"
-    U"\u2022\u3001\u0663";
+    U"\u2022\u3001\u0663%$\u20AA\u201C\u2026\u2F24";
 
 struct Page {
     std::vector<char32_t> characters;
