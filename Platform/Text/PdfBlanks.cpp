@@ -52,6 +52,13 @@ bool isWithoutBlanks(Iterator first, Iterator end) {
     return false;
 }
 
+/// The size by which a gap between characters of two sizes is measured: the larger one, unless it
+/// is so much larger that its gaps say nothing of the other's.
+double gapSize(double first, double second) {
+    const auto [small, large] = std::minmax(first, second);
+    return isMuchLarger(large, small) ? small : large;
+}
+
 /// Whether two words are the large first letter of a text and what comes behind it.
 bool areCapitalAndText(const PdfWord& before, const PdfGlyph& last, const PdfGlyph& first) {
     const auto isLetter = moduleFunctions<UnicodeFunctions>().isLetter;
@@ -94,11 +101,6 @@ bool joinWithoutBlank(std::span<const PdfCharacter> above, std::span<const PdfCh
            isWithoutBlanks(below.begin(), below.end());
 }
 
-double pdfGapSize(double first, double second) {
-    const auto [small, large] = std::minmax(first, second);
-    return isMuchLarger(large, small) ? small : large;
-}
-
 bool isMuchLarger(double size, double text) {
     return size > kMuchLarger * text;
 }
@@ -107,12 +109,13 @@ bool hasBlankBetween(const PdfWord& before, const PdfWord& word, bool followEach
                      std::span<const PdfGlyph> glyphs) {
     const PdfGlyph& last = glyphs[before.end - 1];
     const PdfGlyph& first = glyphs[word.first];
-    const double size = pdfGapSize(last.size, first.size);
+    const bool isOneSize = last.size == first.size;
+    const double size = isOneSize ? first.size : gapSize(last.size, first.size);
     const double gap = gapAcross(before.box, word.box);
     if (isIdeographic(last.character) && isIdeographic(first.character)) {
         return gap > kWideBlank * size;
     }
-    if (areCapitalAndText(before, last, first)) {
+    if (!isOneSize && areCapitalAndText(before, last, first)) {
         return gap > kCapitalGap * size;
     }
     if (followEachOther && before.piece == word.piece) {

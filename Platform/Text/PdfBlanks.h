@@ -39,10 +39,6 @@ inline constexpr double kPdfBlank = 0.15;
 [[nodiscard]] bool joinWithoutBlank(std::span<const PdfCharacter> above,
                                     std::span<const PdfCharacter> below);
 
-/// The size by which a gap between characters of two sizes is measured: the larger one, unless it
-/// is so much larger that its gaps say nothing of the other's.
-[[nodiscard]] double pdfGapSize(double first, double second);
-
 /// Whether something is much larger than text beside it, as a capital is that stands beside several
 /// of its lines.
 [[nodiscard]] bool isMuchLarger(double size, double text);

@@ -25,20 +25,20 @@ constexpr std::size_t kOpenLines = 24;
 constexpr std::size_t kCheckedFragments = 48;
 
 bool standOverEachOther(const PdfFragment& first, const PdfFragment& second) {
-    return !first.isOfMarks && !second.isOfMarks &&
-           gapAcross(first.box, second.box) <
-               -std::min(kOverlap * std::max(first.size, second.size),
-                         std::min(first.size, second.size));
+    const double over = -gapAcross(first.box, second.box);
+    return (over > kOverlap * std::max(first.size, second.size) ||
+            over > std::min(first.size, second.size)) &&
+           !first.isOfMarks && !second.isOfMarks;
 }
 
+/// Whether two fragments that don't stand over each other stand in one line.
 bool belongTogether(const PdfFragment& first, const PdfFragment& second) {
-    const double size = std::max(first.size, second.size);
-    const double gap = gapAcross(first.box, second.box);
-    if (standOverEachOther(first, second) || !areLevel(first.box, second.box)) {
+    if (!areLevel(first.box, second.box)) {
         return false;
     }
+    const double gap = gapAcross(first.box, second.box);
     const double height = std::min(heightOf(first.box), heightOf(second.box));
-    return first.piece == second.piece || gap <= kNear * size ||
+    return first.piece == second.piece || gap <= kNear * std::max(first.size, second.size) ||
            std::abs(middleOf(first.box) - middleOf(second.box)) <= kSameHeight * height;
 }
 
@@ -89,11 +89,10 @@ private:
         const std::size_t count = line.fragments.size();
         for (std::size_t i = count - std::min(count, kCheckedFragments); i < count; i++) {
             const PdfFragment& other = fragments_[line.fragments[i]];
-            if (belongTogether(other, fragment)) {
-                hasNeighbour = true;
-            } else if (standOverEachOther(other, fragment)) {
+            if (standOverEachOther(other, fragment)) {
                 return false;
             }
+            hasNeighbour = hasNeighbour || belongTogether(other, fragment);
         }
         return hasNeighbour;
     }
