@@ -241,7 +241,7 @@ const char* declaredHtmlEncoding(std::string_view page) {
             return nullptr;
         }
         if (!startsHtmlTag(page)) {
-            page.remove_prefix(std::max<std::size_t>(htmlCommentLength(page), 1));
+            page.remove_prefix(std::max<std::size_t>(htmlCommentLength(page, HtmlSyntax::Html), 1));
             continue;
         }
         const std::size_t size = readHtmlTag(page, tag);

@@ -41,32 +41,27 @@ AttributedString HtmlParser::parse() {
         [](void* receiver, std::string_view name, const char* const* attributes) {
             static_cast<HtmlParser*>(receiver)->startElement(name, attributes);
         },
-        [](void* receiver, std::string_view name) {
-            static_cast<HtmlParser*>(receiver)->endElement(name);
-        },
+        [](void* receiver) { static_cast<HtmlParser*>(receiver)->endElement(); },
         [](void* receiver, std::string_view utf8) {
             static_cast<HtmlParser*>(receiver)->takeCharacters(utf8);
         },
-        [](void* receiver) { static_cast<HtmlParser*>(receiver)->endAll(); },
     };
     HtmlStream stream(handler);
     writeHtmlSource(page_, stream);
-    endAll();
+    while (states_.size() > 1) {
+        endElement();
+    }
     return text_.finish(attributes_);
 }
 
 void HtmlParser::startElement(std::string_view name, const char* const* attributes) {
-    // The parser has ended elements that are deeper.
-    if (states_.size() > HtmlFunctions::kMostDepth + 1) {
-        return;
-    }
     mayDropLineEnd_ = false;
     const HtmlValues values(attributes);
     // Elements that look the same share the number.
     (void)look();
     State state = top();
-    state.element = htmlElementNamed(name);
-    state.role = state.element != nullptr ? state.element->role : HtmlRole::Inline;
+    state.kind = htmlKindNamed(name);
+    state.role = state.kind != nullptr ? state.kind->role : HtmlRole::Inline;
     if (!state.isHidden) {
         begin(state, values);
     }
@@ -74,23 +69,13 @@ void HtmlParser::startElement(std::string_view name, const char* const* attribut
         state.index = kUnknown;
     }
     states_.push_back(state);
-    if (state.isHidden || state.element == nullptr) {
-        return;
-    }
-    if (state.role == HtmlRole::Item) {
+    if (!state.isHidden && state.role == HtmlRole::Item) {
         beginItem(values);
     }
 }
 
-void HtmlParser::endElement(std::string_view name) {
-    const HtmlElement* const element = htmlElementNamed(name);
-    const auto place = std::find_if(states_.rbegin(), states_.rend() - 1,
-                                    [&](const State& state) { return state.element == element; });
-    if (place == states_.rend() - 1) {
-        return;
-    }
-    const auto kept = static_cast<std::size_t>(states_.rend() - place - 1);
-    while (states_.size() > kept) {
+void HtmlParser::endElement() {
+    if (states_.size() > 1) {
         end(top());
         states_.pop_back();
     }
@@ -114,13 +99,6 @@ void HtmlParser::takeCharacters(std::string_view utf8) {
         utf8.remove_prefix(utf8.starts_with("\r\n") ? 2 : utf8.starts_with('\n') ? 1 : 0);
     }
     text_.appendPreformatted(utf8, look());
-}
-
-void HtmlParser::endAll() {
-    while (states_.size() > 1) {
-        end(top());
-        states_.pop_back();
-    }
 }
 
 std::uint32_t HtmlParser::look() {

@@ -28,9 +28,10 @@ namespace platform {
 /// those of the elements; of style sheets nothing is read but, where it stands in the element,
 /// whether it is shown, stands in lines of its own or keeps its blanks.
 ///
-/// Costs time in proportion to the page's size, and memory up to about six times it. To that end
-/// elements nest 512 deep at most, beyond which all that are open count as ended, and text has no
-/// attributes behind so many runs, or in so many looks, as no author writes.
+/// Costs time in proportion to the page's size, and memory up to about six times it; raises
+/// std::bad_alloc when there is not so much. To that end elements nest 448 deep at most, a deeper
+/// one ending the innermost, and text has no attributes behind so many runs, or in so many looks,
+/// as no author writes.
 ///
 /// It is what the platform's initWithHTML:documentAttributes: does.
 Result<AttributedString> attributedStringFromHtml(const Data& data);

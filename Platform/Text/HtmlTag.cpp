@@ -104,10 +104,10 @@ void takeAttribute(Cursor& cursor, HtmlTag& tag, std::string& name) {
         return;
     }
     setLowercase(name, written);
-    if (std::binary_search(std::begin(kKnownAttributes), std::end(kKnownAttributes),
-                           std::string_view(name)) &&
-        tag.valueOf(name) == nullptr) {
-        tag.attributes.push_back({name, value});
+    const auto* const known =
+        std::lower_bound(std::begin(kKnownAttributes), std::end(kKnownAttributes), name);
+    if (known != std::end(kKnownAttributes) && *known == name && tag.valueOf(*known) == nullptr) {
+        tag.attributes.push_back({*known, value});
     }
 }
 

@@ -11,13 +11,16 @@
 
 namespace platform {
 
+/// How a page's ways differ from those of XML.
+enum class HtmlSyntax : bool { Html, Xml };
+
 /// What separates the parts of a tag.
 inline constexpr std::string_view kHtmlBlanks = " \t\n\f\r";
 
 /// A tag and its attributes, in the order of the page; references are not resolved.
 struct HtmlTag {
     struct Attribute {
-        std::string name;
+        std::string_view name;
         std::string_view value;
     };
     /// In lower case, as those of the attributes are.
