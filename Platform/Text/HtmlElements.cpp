@@ -211,30 +211,43 @@ constexpr bool comesFirst(const HtmlElement& first, const HtmlElement& second) {
 }
 static_assert(std::is_sorted(kElements.begin(), kElements.end(), comesFirst));
 
-/// Where the names of each letter begin; the last place is behind them all.
-constexpr auto kStarts = [] {
-    std::array<std::uint8_t, 'z' - 'a' + 2> starts{};
-    for (const HtmlElement& element : kElements) {
-        for (std::size_t i = static_cast<std::size_t>(element.name[0] - 'a') + 1; i < starts.size();
-             ++i) {
-            ++starts[i];
+constexpr std::size_t kSlots = 512;
+constexpr std::uint8_t kFree = 0xFF;
+static_assert(std::size(kRows) < kFree);
+
+/// Where a name is looked for first. Requires: it is not empty.
+constexpr std::size_t slotOf(std::string_view name) {
+    const auto byteAt = [&](std::size_t i) {
+        return static_cast<std::size_t>(static_cast<unsigned char>(name[i]));
+    };
+    return (byteAt(0) + byteAt(name.size() - 1) + byteAt(name.size() / 2) * 18 + name.size() * 29) %
+           kSlots;
+}
+
+/// The place of each element, in its slot or in the next that was free.
+constexpr auto kPlaces = [] {
+    std::array<std::uint8_t, kSlots> places{};
+    places.fill(kFree);
+    for (std::size_t i = 0; i < std::size(kRows); ++i) {
+        std::size_t slot = slotOf(kRows[i].name);
+        while (places[slot] != kFree) {
+            slot = (slot + 1) % kSlots;
         }
+        places[slot] = static_cast<std::uint8_t>(i);
     }
-    return starts;
+    return places;
 }();
 
 }  // namespace
 
 const HtmlElement* htmlElementNamed(std::string_view name) {
-    if (name.empty() || name[0] < 'a' || name[0] > 'z') {
+    if (name.empty()) {
         return nullptr;
     }
-    const auto letter = static_cast<std::size_t>(name[0] - 'a');
-    for (std::size_t i = kStarts[letter]; i < kStarts[letter + 1]; ++i) {
-        // Most of the others already differ in their last letter, which costs no call.
-        const std::string_view other = kElements[i].name;
-        if (other.size() == name.size() && other.back() == name.back() && other == name) {
-            return &kElements[i];
+    for (std::size_t slot = slotOf(name); kPlaces[slot] != kFree; slot = (slot + 1) % kSlots) {
+        const HtmlElement& element = kElements[kPlaces[slot]];
+        if (element.name == name) {
+            return &element;
         }
     }
     return nullptr;

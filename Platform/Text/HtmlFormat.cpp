@@ -80,7 +80,7 @@ void applyHtmlElement(const HtmlKind& kind, HtmlRole role, const HtmlValues& val
         look.character.size = scaled(look.character.size, kHeadingSizes[kind.level - 1], kTextSize);
     }
     setStyle(look, kind.style);
-    if (role == HtmlRole::Inline || role == HtmlRole::Image) {
+    if (values.isEmpty() || role == HtmlRole::Inline || role == HtmlRole::Image) {
         return;
     }
     setAlignment(paragraph, values);

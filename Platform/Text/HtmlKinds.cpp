@@ -14,7 +14,8 @@ constexpr std::size_t slotOf(std::string_view name) {
     const auto byteAt = [&](std::size_t i) {
         return static_cast<std::size_t>(static_cast<unsigned char>(name[i]));
     };
-    return (byteAt(0) + byteAt(name.size() - 1) + byteAt(name.size() / 2) * 17 + name.size() * 16) %
+    return (byteAt(0) + byteAt(name.size() - 1) * 5 + byteAt(name.size() / 2) * 2 +
+            name.size() * 11) %
            kSlots;
 }
 

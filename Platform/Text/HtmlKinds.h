@@ -53,59 +53,65 @@ enum class HtmlStyle : std::uint8_t {
 };
 
 struct HtmlKind {
-    /// "</div>" for example.
-    std::string_view endTag;
+    /// "<div></div>" for example.
+    std::string_view tags;
     HtmlRole role;
     HtmlStyle style = HtmlStyle::None;
     /// 1 to 6 for headings.
     std::uint8_t level = 0;
 
+    [[nodiscard]] constexpr std::string_view startTag() const {
+        return tags.substr(0, tags.size() / 2);
+    }
+    [[nodiscard]] constexpr std::string_view endTag() const { return tags.substr(tags.size() / 2); }
     /// The name that the parser gets.
     [[nodiscard]] constexpr std::string_view name() const {
-        return endTag.substr(2, endTag.size() - 3);
+        return tags.substr(1, startTag().size() - 2);
     }
 };
 
-/// Names without a rule in libxml2 that two of them fall under. Those that fit are themselves.
+/// Names without a rule in libxml2 that two of them fall under, but those of rows and cells: a cell
+/// comes directly in a row, and a row in no other and in no cell. Where several would do, it is one
+/// that the library is quick with.
 inline constexpr HtmlKind kHtmlKinds[] = {
-    {"</span>", HtmlRole::Inline},
-    {"</q>", HtmlRole::Inline, HtmlStyle::Link},
-    {"</strong>", HtmlRole::Inline, HtmlStyle::Bold},
-    {"</em>", HtmlRole::Inline, HtmlStyle::Italic},
-    {"</ins>", HtmlRole::Inline, HtmlStyle::Underlined},
-    {"</del>", HtmlRole::Inline, HtmlStyle::Struck},
-    {"</code>", HtmlRole::Inline, HtmlStyle::Monospaced},
-    {"</sup>", HtmlRole::Inline, HtmlStyle::Raised},
-    {"</sub>", HtmlRole::Inline, HtmlStyle::Lowered},
-    {"</small>", HtmlRole::Inline, HtmlStyle::Smaller},
-    {"</big>", HtmlRole::Inline, HtmlStyle::Larger},
-    {"</iframe>", HtmlRole::Page},
-    {"</button>", HtmlRole::Control},
-    {"</div>", HtmlRole::Block},
-    {"</address>", HtmlRole::Block, HtmlStyle::Italic},
-    {"</center>", HtmlRole::Block, HtmlStyle::Centered},
-    {"</h1>", HtmlRole::Heading, HtmlStyle::Bold, 1},
-    {"</h2>", HtmlRole::Heading, HtmlStyle::Bold, 2},
-    {"</h3>", HtmlRole::Heading, HtmlStyle::Bold, 3},
-    {"</h4>", HtmlRole::Heading, HtmlStyle::Bold, 4},
-    {"</h5>", HtmlRole::Heading, HtmlStyle::Bold, 5},
-    {"</h6>", HtmlRole::Heading, HtmlStyle::Bold, 6},
-    {"</pre>", HtmlRole::Preformatted, HtmlStyle::Monospaced},
-    {"</noscript>", HtmlRole::Hidden},
-    {"</label>", HtmlRole::Dialog},
-    {"</br>", HtmlRole::Break},
-    {"</blockquote>", HtmlRole::List},
-    {"</ol>", HtmlRole::NumberedList},
-    {"</legend>", HtmlRole::Item},
-    {"</map>", HtmlRole::Table},
-    {"</kbd>", HtmlRole::Row},
-    {"</dfn>", HtmlRole::Cell},
-    {"</var>", HtmlRole::Cell, HtmlStyle::Bold},
-    {"</img>", HtmlRole::Image},
-    {"</input>", HtmlRole::Input},
-    {"</optgroup>", HtmlRole::Options},
-    {"</abbr>", HtmlRole::Ruby},
-    {"</bdo>", HtmlRole::Reading},
+    {"<span></span>", HtmlRole::Inline},
+    {"<q></q>", HtmlRole::Inline, HtmlStyle::Link},
+    {"<b></b>", HtmlRole::Inline, HtmlStyle::Bold},
+    {"<i></i>", HtmlRole::Inline, HtmlStyle::Italic},
+    {"<u></u>", HtmlRole::Inline, HtmlStyle::Underlined},
+    {"<s></s>", HtmlRole::Inline, HtmlStyle::Struck},
+    {"<tt></tt>", HtmlRole::Inline, HtmlStyle::Monospaced},
+    {"<sup></sup>", HtmlRole::Inline, HtmlStyle::Raised},
+    {"<sub></sub>", HtmlRole::Inline, HtmlStyle::Lowered},
+    {"<small></small>", HtmlRole::Inline, HtmlStyle::Smaller},
+    {"<big></big>", HtmlRole::Inline, HtmlStyle::Larger},
+    {"<iframe></iframe>", HtmlRole::Page},
+    {"<button></button>", HtmlRole::Control},
+    {"<div></div>", HtmlRole::Block},
+    {"<cite></cite>", HtmlRole::Block, HtmlStyle::Italic},
+    {"<dfn></dfn>", HtmlRole::Block, HtmlStyle::Centered},
+    {"<h1></h1>", HtmlRole::Heading, HtmlStyle::Bold, 1},
+    {"<h2></h2>", HtmlRole::Heading, HtmlStyle::Bold, 2},
+    {"<h3></h3>", HtmlRole::Heading, HtmlStyle::Bold, 3},
+    {"<h4></h4>", HtmlRole::Heading, HtmlStyle::Bold, 4},
+    {"<h5></h5>", HtmlRole::Heading, HtmlStyle::Bold, 5},
+    {"<h6></h6>", HtmlRole::Heading, HtmlStyle::Bold, 6},
+    {"<samp></samp>", HtmlRole::Preformatted, HtmlStyle::Monospaced},
+    {"<noscript></noscript>", HtmlRole::Hidden},
+    {"<label></label>", HtmlRole::Dialog},
+    {"<br></br>", HtmlRole::Break},
+    {"<blockquote></blockquote>", HtmlRole::List},
+    {"<ol></ol>", HtmlRole::NumberedList},
+    {"<legend></legend>", HtmlRole::Item},
+    {"<map></map>", HtmlRole::Table},
+    {"<tr></tr>", HtmlRole::Row},
+    {"<td></td>", HtmlRole::Cell},
+    {"<th></th>", HtmlRole::Cell, HtmlStyle::Bold},
+    {"<img></img>", HtmlRole::Image},
+    {"<input></input>", HtmlRole::Input},
+    {"<optgroup></optgroup>", HtmlRole::Options},
+    {"<abbr></abbr>", HtmlRole::Ruby},
+    {"<bdo></bdo>", HtmlRole::Reading},
 };
 
 /// Returns the kind that does what is said. Requires: there is one.

@@ -8,6 +8,7 @@ using Element = HtmlOpenElements::Element;
 Element elementOf(const HtmlElement& known) {
     Element element;
     element.known = &known;
+    element.kind = known.kind;
     element.name = known.name;
     element.group = known.group;
     element.rules = known.rules;
@@ -64,6 +65,7 @@ void HtmlNesting::startForeign(const HtmlElement* element, const HtmlTag& tag,
     begun.isForeign = true;
     if (element != nullptr && (element->rules & kKnown) != 0) {
         begun.known = element;
+        begun.kind = element->kind;
         const bool holdsHtml = (element->rules & kHtmlHoldsHtml) != 0;
         begun.rules = holdsHtml ? kHtmlHoldsHtml | kHtmlSpecial | kHtmlScope : 0U;
     }

@@ -8,12 +8,8 @@
 namespace platform {
 namespace {
 
-/// What the parser gets for an element that is not known.
-constexpr const HtmlKind* kPlain = htmlKindOf(HtmlRole::Inline, HtmlStyle::None, 0);
-
-const HtmlKind& kindOf(const HtmlOpenElements::Element& element) {
-    return element.known != nullptr ? *element.known->kind : *kPlain;
-}
+/// A row or cell that stands in no table.
+constexpr const HtmlKind* kBlock = htmlKindOf(HtmlRole::Block, HtmlStyle::None, 0);
 
 bool goesOnInLine(HtmlRole role) {
     return role == HtmlRole::Inline || role == HtmlRole::Ruby || role == HtmlRole::Reading;
@@ -30,12 +26,14 @@ void HtmlOpenElements::begin(const Element& element, const HtmlTag& tag) {
     while (elements_.size() >= kMostDepth - kMostFormats) {
         endTop();
     }
-    const HtmlKind& kind = kindOf(element);
-    if (!goesOnInLine(kind.role)) {
+    if (!goesOnInLine(element.kind->role)) {
         endFormatsOnTop();
     }
     Element begun = element;
-    write(begun, kind, tag);
+    if (!fitsHere(begun.kind->role)) {
+        begun.kind = kBlock;
+    }
+    write(begun, tag);
     if ((begun.rules & kHtmlShieldsFormatting) != 0) {
         begun.format = std::exchange(firstFormat_, formats_.size());
     }
@@ -45,10 +43,29 @@ void HtmlOpenElements::begin(const Element& element, const HtmlTag& tag) {
     elements_.push_back(begun);
 }
 
-void HtmlOpenElements::write(Element& element, const HtmlKind& kind, const HtmlTag& tag) {
+/// Whether the parser can get an element here: it has rules for rows and cells.
+bool HtmlOpenElements::fitsHere(HtmlRole role) const {
+    if (role != HtmlRole::Row && role != HtmlRole::Cell) {
+        return true;
+    }
+    const auto around = std::find_if(elements_.rbegin(), elements_.rend(),
+                                     [](const Element& element) { return element.isWritten; });
+    const HtmlRole outer = around != elements_.rend() ? around->kind->role : HtmlRole::Page;
+    return role == HtmlRole::Cell ? outer == HtmlRole::Row
+                                  : outer != HtmlRole::Row && outer != HtmlRole::Cell;
+}
+
+void HtmlOpenElements::write(Element& element, const HtmlTag& tag) {
+    const HtmlKind& kind = *element.kind;
+    element.isWritten = doesSomething(kind);
+    if (tag.attributes.empty()) {
+        if (element.isWritten) {
+            stream_.writeTag(kind.startTag());
+        }
+        return;
+    }
     tag_.clear();
-    const bool hasAttributes = appendHtmlStartTag(tag, kind, tag_);
-    element.isWritten = hasAttributes || doesSomething(kind);
+    element.isWritten = appendHtmlStartTag(tag, kind, tag_) || element.isWritten;
     if (element.isWritten) {
         tag_ += '>';
         stream_.writeTag(tag_);
@@ -88,7 +105,7 @@ void HtmlOpenElements::endTop() {
     const Element element = elements_.back();
     elements_.pop_back();
     if (element.isWritten) {
-        stream_.writeTag(kindOf(element).endTag);
+        stream_.writeTag(element.kind->endTag());
     }
     if (!element.isFormat) {
         leave(element);
@@ -134,7 +151,7 @@ void HtmlOpenElements::beginFormat(const HtmlElement& element, const HtmlTag& ta
         formats_.erase(std::find_if(first, formats_.end(), isSame));
     }
     if (formats_.size() == kMostFormats) {
-        begin({&element, element.name, element.group, element.rules}, tag);
+        begin({&element, element.kind, element.name, element.group, element.rules}, tag);
         return;
     }
     formats_.push_back({&element, nextNumber_++, tag_, depth_});
@@ -223,6 +240,7 @@ void HtmlOpenElements::open(Format& format) {
     stream_.writeTag(format.tag);
     Element element;
     element.known = format.element;
+    element.kind = format.element->kind;
     element.isFormat = element.isWritten = true;
     element.format = format.number;
     elements_.push_back(element);

@@ -28,6 +28,8 @@ public:
     struct Element {
         /// Null for one that is not known.
         const HtmlElement* known = nullptr;
+        /// What the parser gets.
+        const HtmlKind* kind = htmlKindOf(HtmlRole::Inline, HtmlStyle::None, 0);
         /// As the page has it.
         std::string_view name;
         HtmlGroup group = HtmlGroup::None;
@@ -131,7 +133,8 @@ private:
     static constexpr std::size_t kMostDepth = 512;
     static constexpr std::size_t kMostFormats = 64;
 
-    void write(Element& element, const HtmlKind& kind, const HtmlTag& tag);
+    [[nodiscard]] bool fitsHere(HtmlRole role) const;
+    void write(Element& element, const HtmlTag& tag);
     void endFormatsOnTop();
     void endTop();
     void leave(const Element& element);

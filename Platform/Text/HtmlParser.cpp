@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Platform/Foundation/Unicode.h"
 #include "Platform/Text/HtmlSource.h"
 #include "Platform/Text/HtmlStream.h"
 
@@ -17,11 +18,19 @@ std::size_t mostRunsOf(std::size_t size) {
 
 /// The length of UTF-8 in UTF-16.
 std::size_t unitsOf(std::string_view utf8) {
+    constexpr std::size_t kBlock = 64;
     std::size_t units = 0;
-    for (const char byte : utf8) {
-        const auto code = static_cast<unsigned char>(byte);
-        units += (code & 0xC0U) != 0x80U ? 1 : 0;
-        units += code >= 0xF0U ? 1 : 0;
+    for (; !utf8.empty(); utf8.remove_prefix(std::min(kBlock, utf8.size()))) {
+        const std::string_view block = utf8.substr(0, kBlock);
+        units += block.size();
+        if (isAscii(block)) {
+            continue;
+        }
+        for (const char byte : block) {
+            const auto code = static_cast<unsigned char>(byte);
+            units -= (code & 0xC0U) == 0x80U ? 1 : 0;
+            units += code >= 0xF0U ? 1 : 0;
+        }
     }
     return units;
 }
