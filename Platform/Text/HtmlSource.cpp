@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Platform/Text/HtmlItems.h"
 #include "Platform/Text/HtmlNesting.h"
 #include "Platform/Text/HtmlReferences.h"
 #include "Platform/Text/HtmlSkipping.h"
@@ -27,7 +28,8 @@ public:
         : rest_(page),
           stream_(stream),
           syntax_(page.starts_with("<?xml") ? HtmlSyntax::Xml : HtmlSyntax::Html),
-          nesting_(stream, page.size(), syntax_) {}
+          nesting_(stream, page.size(), syntax_),
+          mostAhead_(2 * page.size()) {}
 
     void write() {
         while (!rest_.empty()) {
@@ -115,6 +117,9 @@ private:
             nesting_.end(tag_);
             return;
         }
+        if (tag_.name == "ol") {
+            numberBackwards();
+        }
         switch (nesting_.start(tag_, written.substr(1, tag_.name.size()))) {
             case HtmlNesting::Contents::Markup:
                 break;
@@ -128,6 +133,18 @@ private:
                 writeRawContents(rest_.size());
                 break;
         }
+    }
+
+    /// A list that is numbered backwards begins with the number of its items.
+    void numberBackwards() {
+        if (tag_.valueOf("reversed") == nullptr || tag_.valueOf("start") != nullptr) {
+            return;
+        }
+        const std::string_view ahead = rest_.substr(0, mostAhead_);
+        const HtmlItems items = countHtmlItems(ahead);
+        mostAhead_ -= std::min(mostAhead_, items.length);
+        number_ = std::to_string(items.count);
+        tag_.attributes.push_back({"start", number_});
     }
 
     void writeRawContents(std::size_t length) {
@@ -155,6 +172,10 @@ private:
     HtmlNesting nesting_;
     HtmlTag tag_;
     std::string escaped_;
+    std::string number_;
+    /// How many bytes may still be looked at before their turn, so that lists in lists don't take
+    /// the longer the more there are.
+    std::size_t mostAhead_;
 };
 
 }  // namespace
