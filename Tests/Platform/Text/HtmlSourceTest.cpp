@@ -60,12 +60,15 @@ std::string repeated(std::string_view piece, std::size_t count) {
 
 TEST(HtmlSource, GivesTheParserNoNamesOfThePage) {
     std::string page;
+    const auto addElement = [&](const std::string& name) {
+        page.append("<").append(name).append(" hidden>a</").append(name).append("><");
+        page.append(name).append(" style='color:red'>b");
+    };
     for (int i = 0; i < 3'000; ++i) {
-        const std::string name = "x" + std::to_string(i);
-        page += "<" + name + " hidden>a</" + name + "><" + name + ">b";
+        addElement("x" + std::to_string(i));
     }
     for (const char* const name : {"parlavox-page", "html", "head", "script<x", "a_b"}) {
-        page += "<" + std::string(name) + " style='color:red'></" + name + ">";
+        addElement(name);
     }
     for (const std::string& name : eventsOf(page).names) {
         EXPECT_NE(htmlKindNamed(name), nullptr) << name;
