@@ -41,6 +41,15 @@ std::vector<Seed> htmlSeeds() {
         {"utf-8", page("\xEF\xBB\xBF<p>\xC3\xA9\xFF\xF0\x9F\x98\x80"sv)},
         {"guessed", page("<p>caf\xE9 na\xEFve d\xE9j\xE0 vu"sv)},
         {"nul", page("<p>a\0b\fc</p><b\0 hidde\0n>d"sv)},
+        {"nesting", page("<p>a<div>b</p><h1>c<h2><p>d</h1><ul><li><b>e<li>f<ol><li>g</ul>h"sv)},
+        {"formats", page("<b>a<p>b<i>c</b>d</p>e<a href=f>g<a href=h>i<table><td><u>j</table>k"sv)},
+        {"cells", page("<td>a<tr>b<table><form><td>c<div><tbody><tr><table><td>d</form>e"sv)},
+        {"pictures", page("<svg><style/><title>a</title><![CDATA[b]]><foreignObject><p>c</svg>"
+                          "<math><mtable><mtd>d<mtr><mtd><mi><b>e</math>f"sv)},
+        {"scripts", page("a<script><!--<script></script>--></script>b<script><!-->c</script>d"sv)},
+        {"subset", page("<?xml?><!DOCTYPE a [<!ENTITY b \"c\">]><p>&b;<br></br></"sv)},
+        {"reversed", page("<html dir=rtl><ol reversed><li>a<ul><li>b</ul><li>c</ol><li>d"sv)},
+        {"names", page("<parlavox-page><x hidden>a</x><script<b>c</script><p1>d</p1>\v\1<wbr>e"sv)},
         {"cut", page("<p>words<a href=\"http"sv)},
     };
 }

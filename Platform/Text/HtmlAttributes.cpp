@@ -30,12 +30,18 @@ HtmlAttributes::HtmlAttributes() {
     sets_.emplace_back();
 }
 
-std::uint16_t HtmlAttributes::addLink(std::string url) {
+std::uint16_t HtmlAttributes::addLink(std::string_view url) {
+    const auto known = linkNumbers_.find(url);
+    if (known != linkNumbers_.end()) {
+        return known->second;
+    }
     if (links_.size() > 0xFFFF) {
         return 0;
     }
-    links_.push_back(made<URLReference>(std::move(url)));
-    return static_cast<std::uint16_t>(links_.size() - 1);
+    const auto number = static_cast<std::uint16_t>(links_.size());
+    links_.push_back(made<URLReference>(std::string(url)));
+    linkNumbers_.emplace(url, number);
+    return number;
 }
 
 std::uint16_t HtmlAttributes::addList(std::uint16_t outer, const std::string& markerFormat,

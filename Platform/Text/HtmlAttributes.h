@@ -7,8 +7,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -26,7 +28,7 @@ public:
     HtmlAttributes();
 
     /// Returns the number that stands for a link; that of none when there are too many.
-    [[nodiscard]] std::uint16_t addLink(std::string url);
+    [[nodiscard]] std::uint16_t addLink(std::string_view url);
 
     /// Returns the number that stands for a list inside another; that of the other when there are
     /// too many, or they nest too deep.
@@ -62,6 +64,7 @@ private:
     [[nodiscard]] Value paragraphStyleOf(const HtmlParagraphFormat& paragraph);
 
     std::vector<Value> links_;
+    std::map<std::string, std::uint16_t, std::less<>> linkNumbers_;
     std::vector<std::vector<TextList>> lists_;
     std::map<ListKey, std::uint16_t> listNumbers_;
     std::map<HtmlLook, std::uint32_t> indices_;

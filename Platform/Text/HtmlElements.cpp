@@ -10,176 +10,244 @@ namespace {
 using namespace std::string_view_literals;
 using Role = HtmlRole;
 using Style = HtmlStyle;
+using Group = HtmlGroup;
 
+constexpr std::uint32_t kVoid = kHtmlVoid;
+constexpr std::uint32_t kDropped = kHtmlDropped;
+constexpr std::uint32_t kRaw = kHtmlRaw;
+constexpr std::uint32_t kSpecial = kHtmlSpecial;
+constexpr std::uint32_t kEnclosed = kHtmlSpecial | kHtmlScope;
+constexpr std::uint32_t kEndsParagraph = kHtmlEndsParagraph;
+constexpr std::uint32_t kBlock = kHtmlSpecial | kHtmlEndsParagraph;
+constexpr std::uint32_t kShieldsParagraphs = kHtmlShieldsParagraphs;
+constexpr std::uint32_t kShieldsItems = kHtmlShieldsItems;
+constexpr std::uint32_t kLetsItemsEnd = kHtmlLetsItemsEnd;
+constexpr std::uint32_t kFormatting = kHtmlFormatting;
+constexpr std::uint32_t kShieldsFormatting = kHtmlShieldsFormatting;
+constexpr std::uint32_t kForeign = kHtmlForeign;
+constexpr std::uint32_t kAlsoForeign = kHtmlAlsoForeign;
+constexpr std::uint32_t kHoldsHtml = kHtmlHoldsHtml;
+constexpr std::uint32_t kEndsForeign = kHtmlEndsForeign;
+
+struct Row {
+    std::string_view name;
+    HtmlRole role;
+    HtmlStyle style = HtmlStyle::None;
+    HtmlGroup group = HtmlGroup::None;
+    std::uint32_t rules = kHtmlNoRules;
+};
 /// In the order of their names.
-constexpr HtmlElement kElements[] = {
-    {"a"sv, Role::Inline, Style::Link},
+constexpr Row kRows[] = {
+    {"a"sv, Role::Inline, Style::Link, Group::Anchor, kFormatting | kAlsoForeign},
     {"abbr"sv, Role::Inline},
     {"acronym"sv, Role::Inline},
-    {"address"sv, Role::Block, Style::Italic},
-    {"annotation"sv, Role::Hidden, Style::None, true},
-    {"annotation-xml"sv, Role::Hidden, Style::None, true},
-    {"area"sv, Role::Inline},
-    {"article"sv, Role::Block},
-    {"aside"sv, Role::Block},
+    {"address"sv, Role::Block, Style::Italic, Group::None, kBlock | kLetsItemsEnd},
+    {"annotation"sv, Role::Hidden, Style::None, Group::None, kForeign},
+    {"annotation-xml"sv, Role::Hidden, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"applet"sv, Role::Inline, Style::None, Group::None, kEnclosed | kShieldsFormatting},
+    {"area"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"article"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"aside"sv, Role::Block, Style::None, Group::None, kBlock},
     {"audio"sv, Role::Hidden},
-    {"b"sv, Role::Inline, Style::Bold},
-    {"base"sv, Role::Inline},
+    {"b"sv, Role::Inline, Style::Bold, Group::None, kFormatting | kEndsForeign},
+    {"base"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"basefont"sv, Role::Inline, Style::None, Group::None, kVoid},
     {"bdi"sv, Role::Inline},
     {"bdo"sv, Role::Inline},
-    {"big"sv, Role::Inline, Style::Larger},
-    {"blockquote"sv, Role::Block},
-    {"body"sv, Role::Inline},
-    {"br"sv, Role::Break},
-    {"button"sv, Role::Inline},
+    {"bgsound"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"big"sv, Role::Inline, Style::Larger, Group::None, kFormatting | kEndsForeign},
+    {"blockquote"sv, Role::Block, Style::None, Group::None, kBlock | kEndsForeign},
+    {"body"sv, Role::Page, Style::None, Group::Page, kEnclosed | kEndsForeign},
+    {"br"sv, Role::Break, Style::None, Group::Break, kVoid | kEndsForeign},
+    {"button"sv, Role::Control, Style::None, Group::Button, kSpecial | kShieldsParagraphs},
     {"canvas"sv, Role::Hidden},
-    {"caption"sv, Role::Block},
-    {"center"sv, Role::Block, Style::Centered},
+    {"caption"sv, Role::Block, Style::None, Group::Caption, kEnclosed | kShieldsFormatting},
+    {"center"sv, Role::Block, Style::Centered, Group::None, kBlock | kEndsForeign},
     {"cite"sv, Role::Inline, Style::Italic},
-    {"code"sv, Role::Inline, Style::Monospaced},
-    {"col"sv, Role::Inline},
-    {"colgroup"sv, Role::Inline},
+    {"code"sv, Role::Inline, Style::Monospaced, Group::None, kFormatting | kEndsForeign},
+    {"col"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"colgroup"sv, Role::Inline, Style::None, Group::Caption, kSpecial},
     {"data"sv, Role::Inline},
     {"datalist"sv, Role::Hidden},
-    {"dd"sv, Role::Block},
+    {"dd"sv, Role::Block, Style::None, Group::Definition, kBlock | kEndsForeign},
     {"del"sv, Role::Inline, Style::Struck},
-    {"desc"sv, Role::Hidden, Style::None, true},
-    {"details"sv, Role::Block},
+    {"desc"sv, Role::Hidden, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"details"sv, Role::Block, Style::None, Group::None, kBlock},
     {"dfn"sv, Role::Inline, Style::Italic},
-    {"dialog"sv, Role::Dialog},
-    {"dir"sv, Role::List},
-    {"div"sv, Role::Block},
-    {"dl"sv, Role::Block},
-    {"dt"sv, Role::Block},
-    {"em"sv, Role::Inline, Style::Italic},
-    {"embed"sv, Role::Inline},
-    {"fieldset"sv, Role::Block},
-    {"figcaption"sv, Role::Block},
-    {"figure"sv, Role::Block},
-    {"font"sv, Role::Inline},
-    {"footer"sv, Role::Block},
-    {"form"sv, Role::Block},
-    {"frame"sv, Role::Inline},
-    {"frameset"sv, Role::Block},
-    {"h1"sv, Role::Heading, Style::Bold},
-    {"h2"sv, Role::Heading, Style::Bold},
-    {"h3"sv, Role::Heading, Style::Bold},
-    {"h4"sv, Role::Heading, Style::Bold},
-    {"h5"sv, Role::Heading, Style::Bold},
-    {"h6"sv, Role::Heading, Style::Bold},
-    {"head"sv, Role::Inline},
-    {"header"sv, Role::Block},
-    {"hgroup"sv, Role::Block},
-    {"hr"sv, Role::Block},
-    {"html"sv, Role::Inline},
-    {"i"sv, Role::Inline, Style::Italic},
-    {"image"sv, Role::Image},
-    {"img"sv, Role::Image},
-    {"input"sv, Role::Input},
+    {"dialog"sv, Role::Dialog, Style::None, Group::None, kBlock},
+    {"dir"sv, Role::List, Style::None, Group::None, kBlock},
+    {"div"sv, Role::Block, Style::None, Group::None, kBlock | kLetsItemsEnd | kEndsForeign},
+    {"dl"sv, Role::Block, Style::None, Group::None, kBlock | kEndsForeign},
+    {"dt"sv, Role::Block, Style::None, Group::Definition, kBlock | kEndsForeign},
+    {"em"sv, Role::Inline, Style::Italic, Group::None, kFormatting | kEndsForeign},
+    {"embed"sv, Role::Inline, Style::None, Group::None, kVoid | kEndsForeign},
+    {"fieldset"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"figcaption"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"figure"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"font"sv, Role::Inline, Style::None, Group::None, kFormatting},
+    {"footer"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"foreignobject"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"form"sv, Role::Block, Style::None, Group::Form, kBlock},
+    {"frame"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"frameset"sv, Role::Block, Style::None, Group::None, kSpecial},
+    {"h1"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"h2"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"h3"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"h4"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"h5"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"h6"sv, Role::Heading, Style::Bold, Group::Heading, kBlock | kEndsForeign},
+    {"head"sv, Role::Inline, Style::None, Group::Head, kSpecial | kEndsForeign},
+    {"header"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"hgroup"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"hr"sv, Role::Block, Style::None, Group::None, kVoid | kEndsParagraph | kEndsForeign},
+    {"html"sv, Role::Page, Style::None, Group::Page, kEnclosed},
+    {"i"sv, Role::Inline, Style::Italic, Group::None, kFormatting | kEndsForeign},
+    {"iframe"sv, Role::Inline, Style::None, Group::None, kDropped | kSpecial},
+    {"image"sv, Role::Image, Style::None, Group::None, kVoid},
+    {"img"sv, Role::Image, Style::None, Group::None, kVoid | kEndsForeign},
+    {"input"sv, Role::Input, Style::None, Group::Field, kVoid},
     {"ins"sv, Role::Inline, Style::Underlined},
     {"kbd"sv, Role::Inline, Style::Monospaced},
-    {"keygen"sv, Role::Inline},
+    {"keygen"sv, Role::Inline, Style::None, Group::Field, kVoid},
     {"label"sv, Role::Inline},
     {"legend"sv, Role::Block},
-    {"li"sv, Role::Item},
-    {"link"sv, Role::Inline},
-    {"listing"sv, Role::Preformatted, Style::Monospaced},
-    {"main"sv, Role::Block},
+    {"li"sv, Role::Item, Style::None, Group::Item, kBlock | kEndsForeign},
+    {"link"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"listing"sv, Role::Preformatted, Style::Monospaced, Group::None, kBlock | kEndsForeign},
+    {"main"sv, Role::Block, Style::None, Group::None, kBlock},
     {"map"sv, Role::Inline},
     {"mark"sv, Role::Inline},
-    {"marquee"sv, Role::Inline},
-    {"menu"sv, Role::List},
-    {"meta"sv, Role::Inline},
-    {"metadata"sv, Role::Hidden, Style::None, true},
+    {"marquee"sv, Role::Inline, Style::None, Group::None, kEnclosed | kShieldsFormatting},
+    {"math"sv, Role::Inline, Style::None, Group::Foreign},
+    {"menu"sv, Role::List, Style::None, Group::None, kBlock | kEndsForeign},
+    {"meta"sv, Role::Inline, Style::None, Group::None, kVoid | kEndsForeign},
+    {"metadata"sv, Role::Hidden, Style::None, Group::None, kForeign},
     {"meter"sv, Role::Hidden},
-    {"mtable"sv, Role::Table, Style::None, true},
-    {"mtd"sv, Role::Cell, Style::None, true},
-    {"mtr"sv, Role::Row, Style::None, true},
-    {"nav"sv, Role::Block},
-    {"nobr"sv, Role::Inline},
-    {"noscript"sv, Role::Inline},
-    {"object"sv, Role::Inline},
-    {"ol"sv, Role::NumberedList},
-    {"optgroup"sv, Role::Options},
-    {"option"sv, Role::Block},
+    {"mi"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"mn"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"mo"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"ms"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"mtable"sv, Role::Table, Style::None, Group::None, kForeign},
+    {"mtd"sv, Role::Cell, Style::None, Group::None, kForeign},
+    {"mtext"sv, Role::Inline, Style::None, Group::None, kForeign | kHoldsHtml},
+    {"mtr"sv, Role::Row, Style::None, Group::None, kForeign},
+    {"nav"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"nobr"sv, Role::Inline, Style::None, Group::None, kEndsForeign},
+    {"noembed"sv, Role::Inline, Style::None, Group::None, kDropped | kSpecial},
+    {"noframes"sv, Role::Inline, Style::None, Group::None, kDropped | kSpecial},
+    {"noscript"sv, Role::Inline, Style::None, Group::None, kSpecial},
+    {"object"sv, Role::Inline, Style::None, Group::None, kEnclosed | kShieldsFormatting},
+    {"ol"sv, Role::NumberedList, Style::None, Group::None,
+     kSpecial | kShieldsItems | kEndsParagraph | kEndsForeign},
+    {"optgroup"sv, Role::Options, Style::None, Group::OptionGroup},
+    {"option"sv, Role::Block, Style::None, Group::Option},
     {"output"sv, Role::Inline},
-    {"p"sv, Role::Block},
-    {"param"sv, Role::Inline},
+    {"p"sv, Role::Block, Style::None, Group::Paragraph, kBlock | kLetsItemsEnd | kEndsForeign},
+    {"param"sv, Role::Inline, Style::None, Group::None, kVoid},
     {"picture"sv, Role::Inline},
-    {"plaintext"sv, Role::Preformatted, Style::Monospaced},
-    {"pre"sv, Role::Preformatted, Style::Monospaced},
+    {"plaintext"sv, Role::Preformatted, Style::Monospaced, Group::None, kRaw | kBlock},
+    {"pre"sv, Role::Preformatted, Style::Monospaced, Group::None, kBlock | kEndsForeign},
     {"progress"sv, Role::Hidden},
     {"q"sv, Role::Inline},
-    {"rb"sv, Role::Inline},
-    {"rp"sv, Role::Hidden},
-    {"rt"sv, Role::Reading},
-    {"rtc"sv, Role::Reading},
-    {"ruby"sv, Role::Ruby},
-    {"s"sv, Role::Inline, Style::Struck},
+    {"rb"sv, Role::Inline, Style::None, Group::RubyBase},
+    {"rp"sv, Role::Hidden, Style::None, Group::RubyReading},
+    {"rt"sv, Role::Reading, Style::None, Group::RubyReading},
+    {"rtc"sv, Role::Reading, Style::None, Group::ReadingContainer},
+    {"ruby"sv, Role::Ruby, Style::None, Group::Ruby, kEndsForeign},
+    {"s"sv, Role::Inline, Style::Struck, Group::None, kFormatting | kEndsForeign},
     {"samp"sv, Role::Inline, Style::Monospaced},
-    {"search"sv, Role::Block},
-    {"section"sv, Role::Block},
-    {"select"sv, Role::Inline},
+    {"script"sv, Role::Hidden, Style::None, Group::None, kDropped | kSpecial | kAlsoForeign},
+    {"search"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"section"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"select"sv, Role::Inline, Style::None, Group::Select, kEnclosed},
     {"slot"sv, Role::Inline},
-    {"small"sv, Role::Inline, Style::Smaller},
-    {"source"sv, Role::Inline},
-    {"span"sv, Role::Inline},
-    {"strike"sv, Role::Inline, Style::Struck},
-    {"strong"sv, Role::Inline, Style::Bold},
-    {"sub"sv, Role::Inline, Style::Lowered},
-    {"summary"sv, Role::Block},
-    {"sup"sv, Role::Inline, Style::Raised},
-    {"svg"sv, Role::Inline},
-    {"table"sv, Role::Table},
-    {"tbody"sv, Role::Block},
-    {"td"sv, Role::Cell},
-    {"template"sv, Role::Hidden},
-    {"text"sv, Role::Block, Style::None, true},
-    {"textarea"sv, Role::Preformatted, Style::Monospaced},
-    {"tfoot"sv, Role::Block},
-    {"th"sv, Role::Cell, Style::Bold},
-    {"thead"sv, Role::Block},
+    {"small"sv, Role::Inline, Style::Smaller, Group::None, kFormatting | kEndsForeign},
+    {"source"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"span"sv, Role::Inline, Style::None, Group::None, kEndsForeign},
+    {"strike"sv, Role::Inline, Style::Struck, Group::None, kFormatting | kEndsForeign},
+    {"strong"sv, Role::Inline, Style::Bold, Group::None, kFormatting | kEndsForeign},
+    {"style"sv, Role::Hidden, Style::None, Group::None, kDropped | kSpecial | kAlsoForeign},
+    {"sub"sv, Role::Inline, Style::Lowered, Group::None, kEndsForeign},
+    {"summary"sv, Role::Block, Style::None, Group::None, kBlock},
+    {"sup"sv, Role::Inline, Style::Raised, Group::None, kEndsForeign},
+    {"svg"sv, Role::Inline, Style::None, Group::Foreign},
+    {"table"sv, Role::Table, Style::None, Group::Table, kEnclosed | kEndsParagraph | kEndsForeign},
+    {"tbody"sv, Role::Block, Style::None, Group::Section, kSpecial},
+    {"td"sv, Role::Cell, Style::None, Group::Cell, kEnclosed | kShieldsFormatting},
+    {"template"sv, Role::Hidden, Style::None, Group::Template, kEnclosed | kShieldsFormatting},
+    {"text"sv, Role::Block, Style::None, Group::None, kForeign},
+    {"textarea"sv, Role::Preformatted, Style::Monospaced, Group::Field, kRaw | kSpecial},
+    {"tfoot"sv, Role::Block, Style::None, Group::Section, kSpecial},
+    {"th"sv, Role::Cell, Style::Bold, Group::Cell, kEnclosed | kShieldsFormatting},
+    {"thead"sv, Role::Block, Style::None, Group::Section, kSpecial},
     {"time"sv, Role::Inline},
-    {"tr"sv, Role::Row},
-    {"track"sv, Role::Inline},
-    {"tt"sv, Role::Inline, Style::Monospaced},
-    {"u"sv, Role::Inline, Style::Underlined},
-    {"ul"sv, Role::List},
-    {"var"sv, Role::Inline, Style::Italic},
+    {"title"sv, Role::Hidden, Style::None, Group::None,
+     kDropped | kSpecial | kAlsoForeign | kHoldsHtml},
+    {"tr"sv, Role::Row, Style::None, Group::Row, kSpecial},
+    {"track"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"tt"sv, Role::Inline, Style::Monospaced, Group::None, kFormatting | kEndsForeign},
+    {"u"sv, Role::Inline, Style::Underlined, Group::None, kFormatting | kEndsForeign},
+    {"ul"sv, Role::List, Style::None, Group::None,
+     kSpecial | kShieldsItems | kEndsParagraph | kEndsForeign},
+    {"var"sv, Role::Inline, Style::Italic, Group::None, kEndsForeign},
     {"video"sv, Role::Hidden},
-    {"wbr"sv, Role::Inline},
-    {"xmp"sv, Role::Preformatted, Style::Monospaced},
+    {"wbr"sv, Role::Inline, Style::None, Group::None, kVoid},
+    {"xmp"sv, Role::Preformatted, Style::Monospaced, Group::None, kRaw | kBlock},
 };
+
+constexpr auto kElements = [] {
+    std::array<HtmlElement, std::size(kRows)> elements{};
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const Row& row = kRows[i];
+        const bool isHeading = row.role == Role::Heading;
+        const auto level = static_cast<std::uint8_t>(isHeading ? row.name[1] - '0' : 0);
+        elements[i] = {row.name, htmlKindOf(row.role, row.style, level), row.group, row.rules};
+    }
+    return elements;
+}();
 
 constexpr bool comesFirst(const HtmlElement& first, const HtmlElement& second) {
     return first.name < second.name;
 }
-static_assert(std::is_sorted(std::begin(kElements), std::end(kElements), comesFirst));
+static_assert(std::is_sorted(kElements.begin(), kElements.end(), comesFirst));
 
-/// Where the names of each letter begin; the last place is behind them all.
-constexpr auto kStarts = [] {
-    std::array<std::uint8_t, 'z' - 'a' + 2> starts{};
-    for (const HtmlElement& element : kElements) {
-        for (std::size_t i = static_cast<std::size_t>(element.name[0] - 'a') + 1; i < starts.size();
-             ++i) {
-            ++starts[i];
+constexpr std::size_t kSlots = 512;
+constexpr std::uint8_t kFree = 0xFF;
+static_assert(std::size(kRows) < kFree);
+
+/// Where a name is looked for first. Requires: it is not empty.
+constexpr std::size_t slotOf(std::string_view name) {
+    const auto byteAt = [&](std::size_t i) {
+        return static_cast<std::size_t>(static_cast<unsigned char>(name[i]));
+    };
+    return (byteAt(0) + byteAt(name.size() - 1) + byteAt(name.size() / 2) * 18 + name.size() * 29) %
+           kSlots;
+}
+
+/// The place of each element, in its slot or in the next that was free.
+constexpr auto kPlaces = [] {
+    std::array<std::uint8_t, kSlots> places{};
+    places.fill(kFree);
+    for (std::size_t i = 0; i < std::size(kRows); ++i) {
+        std::size_t slot = slotOf(kRows[i].name);
+        while (places[slot] != kFree) {
+            slot = (slot + 1) % kSlots;
         }
+        places[slot] = static_cast<std::uint8_t>(i);
     }
-    return starts;
+    return places;
 }();
 
 }  // namespace
 
 const HtmlElement* htmlElementNamed(std::string_view name) {
-    if (name.empty() || name[0] < 'a' || name[0] > 'z') {
+    if (name.empty()) {
         return nullptr;
     }
-    const auto letter = static_cast<std::size_t>(name[0] - 'a');
-    for (std::size_t i = kStarts[letter]; i < kStarts[letter + 1]; ++i) {
-        // Most of the others already differ in their last letter, which costs no call.
-        const std::string_view other = kElements[i].name;
-        if (other.size() == name.size() && other.back() == name.back() && other == name) {
-            return &kElements[i];
+    for (std::size_t slot = slotOf(name); kPlaces[slot] != kFree; slot = (slot + 1) % kSlots) {
+        const HtmlElement& element = kElements[kPlaces[slot]];
+        if (element.name == name) {
+            return &element;
         }
     }
     return nullptr;

@@ -23,9 +23,10 @@ namespace platform {
 /// Returns a page in UTF-8, which is sound and has no byte-order mark. Shares the bytes of one that
 /// is so. A Fault when the bytes are no text.
 ///
-/// The first of these tells the encoding: a byte-order mark; UTF-16 or UTF-32 that is evident; the
-/// declaration, unless it is UTF-8 and the bytes are something else; what plain text goes by
-/// (PlainText.h). What is no character becomes U+FFFD.
+/// The first of these tells the encoding: a byte-order mark; UTF-16 or UTF-32 that is evident,
+/// where the page does not begin with markup in bytes; the declaration, unless it is UTF-8 and the
+/// bytes are something else; what plain text goes by (PlainText.h). What is no character becomes
+/// U+FFFD.
 [[nodiscard]] Result<Data> utf8OfHtml(const Data& page);
 
 }  // namespace platform

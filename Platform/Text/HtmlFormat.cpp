@@ -72,21 +72,22 @@ void setAlignment(HtmlParagraphFormat& paragraph, const HtmlValues& values) {
 
 }  // namespace
 
-void applyHtmlElement(const HtmlElement& element, const HtmlValues& values, HtmlLook& look) {
+void applyHtmlElement(const HtmlKind& kind, HtmlRole role, const HtmlValues& values,
+                      HtmlLook& look) {
     HtmlParagraphFormat& paragraph = look.paragraph;
-    if (element.role == HtmlRole::Heading) {
-        paragraph.headerLevel = static_cast<std::uint8_t>(element.name[1] - '0');
-        look.character.size =
-            scaled(look.character.size, kHeadingSizes[paragraph.headerLevel - 1], kTextSize);
+    if (kind.level != 0) {
+        paragraph.headerLevel = kind.level;
+        look.character.size = scaled(look.character.size, kHeadingSizes[kind.level - 1], kTextSize);
     }
-    setStyle(look, element.style);
+    setStyle(look, kind.style);
+    if (values.isEmpty() || role == HtmlRole::Inline || role == HtmlRole::Image) {
+        return;
+    }
+    setAlignment(paragraph, values);
     if (values.is("dir", "rtl")) {
         paragraph.direction = WritingDirection::RightToLeft;
     } else if (values.is("dir", "ltr")) {
         paragraph.direction = WritingDirection::LeftToRight;
-    }
-    if (element.role != HtmlRole::Inline && element.role != HtmlRole::Image) {
-        setAlignment(paragraph, values);
     }
 }
 

@@ -7,7 +7,7 @@
 #include <compare>
 #include <cstdint>
 
-#include "Platform/Text/HtmlElements.h"
+#include "Platform/Text/HtmlKinds.h"
 #include "Platform/Text/HtmlValues.h"
 #include "Platform/Text/ParagraphStyle.h"
 
@@ -50,7 +50,8 @@ struct HtmlLook {
     friend auto operator<=>(const HtmlLook&, const HtmlLook&) = default;
 };
 
-/// Changes `look` to that of an element inside.
-void applyHtmlElement(const HtmlElement& element, const HtmlValues& values, HtmlLook& look);
+/// Changes `look` to that of an element inside, which is laid out as `role` says.
+void applyHtmlElement(const HtmlKind& kind, HtmlRole role, const HtmlValues& values,
+                      HtmlLook& look);
 
 }  // namespace platform

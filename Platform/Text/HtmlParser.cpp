@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Platform/Foundation/Unicode.h"
 #include "Platform/Text/HtmlSource.h"
 #include "Platform/Text/HtmlStream.h"
 
@@ -17,11 +18,19 @@ std::size_t mostRunsOf(std::size_t size) {
 
 /// The length of UTF-8 in UTF-16.
 std::size_t unitsOf(std::string_view utf8) {
+    constexpr std::size_t kBlock = 64;
     std::size_t units = 0;
-    for (const char byte : utf8) {
-        const auto code = static_cast<unsigned char>(byte);
-        units += (code & 0xC0U) != 0x80U ? 1 : 0;
-        units += code >= 0xF0U ? 1 : 0;
+    for (; !utf8.empty(); utf8.remove_prefix(std::min(kBlock, utf8.size()))) {
+        const std::string_view block = utf8.substr(0, kBlock);
+        units += block.size();
+        if (isAscii(block)) {
+            continue;
+        }
+        for (const char byte : block) {
+            const auto code = static_cast<unsigned char>(byte);
+            units -= (code & 0xC0U) == 0x80U ? 1 : 0;
+            units += code >= 0xF0U ? 1 : 0;
+        }
     }
     return units;
 }
@@ -41,32 +50,27 @@ AttributedString HtmlParser::parse() {
         [](void* receiver, std::string_view name, const char* const* attributes) {
             static_cast<HtmlParser*>(receiver)->startElement(name, attributes);
         },
-        [](void* receiver, std::string_view name) {
-            static_cast<HtmlParser*>(receiver)->endElement(name);
-        },
+        [](void* receiver) { static_cast<HtmlParser*>(receiver)->endElement(); },
         [](void* receiver, std::string_view utf8) {
             static_cast<HtmlParser*>(receiver)->takeCharacters(utf8);
         },
-        [](void* receiver) { static_cast<HtmlParser*>(receiver)->endAll(); },
     };
     HtmlStream stream(handler);
     writeHtmlSource(page_, stream);
-    endAll();
+    while (states_.size() > 1) {
+        endElement();
+    }
     return text_.finish(attributes_);
 }
 
 void HtmlParser::startElement(std::string_view name, const char* const* attributes) {
-    // The parser has ended elements that are deeper.
-    if (states_.size() > HtmlFunctions::kMostDepth + 1) {
-        return;
-    }
     mayDropLineEnd_ = false;
     const HtmlValues values(attributes);
     // Elements that look the same share the number.
     (void)look();
     State state = top();
-    state.element = htmlElementNamed(name);
-    state.role = state.element != nullptr ? state.element->role : HtmlRole::Inline;
+    state.kind = htmlKindNamed(name);
+    state.role = state.kind != nullptr ? state.kind->role : HtmlRole::Inline;
     if (!state.isHidden) {
         begin(state, values);
     }
@@ -74,23 +78,13 @@ void HtmlParser::startElement(std::string_view name, const char* const* attribut
         state.index = kUnknown;
     }
     states_.push_back(state);
-    if (state.isHidden || state.element == nullptr) {
-        return;
-    }
-    if (state.role == HtmlRole::Item) {
+    if (!state.isHidden && state.role == HtmlRole::Item) {
         beginItem(values);
     }
 }
 
-void HtmlParser::endElement(std::string_view name) {
-    const HtmlElement* const element = htmlElementNamed(name);
-    const auto place = std::find_if(states_.rbegin(), states_.rend() - 1,
-                                    [&](const State& state) { return state.element == element; });
-    if (place == states_.rend() - 1) {
-        return;
-    }
-    const auto kept = static_cast<std::size_t>(states_.rend() - place - 1);
-    while (states_.size() > kept) {
+void HtmlParser::endElement() {
+    if (states_.size() > 1) {
         end(top());
         states_.pop_back();
     }
@@ -114,13 +108,6 @@ void HtmlParser::takeCharacters(std::string_view utf8) {
         utf8.remove_prefix(utf8.starts_with("\r\n") ? 2 : utf8.starts_with('\n') ? 1 : 0);
     }
     text_.appendPreformatted(utf8, look());
-}
-
-void HtmlParser::endAll() {
-    while (states_.size() > 1) {
-        end(top());
-        states_.pop_back();
-    }
 }
 
 std::uint32_t HtmlParser::look() {

@@ -12,8 +12,8 @@
 
 #include "Platform/Text/AttributedString.h"
 #include "Platform/Text/HtmlAttributes.h"
-#include "Platform/Text/HtmlElements.h"
 #include "Platform/Text/HtmlFormat.h"
+#include "Platform/Text/HtmlKinds.h"
 #include "Platform/Text/HtmlMarkers.h"
 #include "Platform/Text/HtmlText.h"
 #include "Platform/Text/HtmlValues.h"
@@ -40,22 +40,22 @@ private:
 
     /// An element that is open, and what it hands down to those inside it.
     struct State {
-        const HtmlElement* element = nullptr;
+        const HtmlKind* kind = nullptr;
         HtmlRole role = HtmlRole::Inline;
         HtmlLook look;
         /// The number of the look once it has been asked for.
         std::uint32_t index = kUnknown;
         bool isHidden = false;
         bool isPreformatted = false;
+        bool isInRuby = false;
         bool isReading = false;
         List list;
     };
     static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
 
     void startElement(std::string_view name, const char* const* attributes);
-    void endElement(std::string_view name);
+    void endElement();
     void takeCharacters(std::string_view utf8);
-    void endAll();
 
     void begin(State& state, const HtmlValues& values);
     void beginBlock(State& state, const HtmlValues& values);
@@ -63,6 +63,7 @@ private:
     void beginItem(const HtmlValues& values);
     void beginCell();
     void endCell();
+    void insertImage(const HtmlValues& values);
     void insertInput(const HtmlValues& values);
     void insertText(const char* text);
     void setLook(State& state, const HtmlValues& values);
@@ -80,6 +81,8 @@ private:
     std::vector<State> states_;
     /// The readings of the characters before.
     std::string readings_;
+    /// Where the text of the last picture ends.
+    std::size_t imageEnd_ = 0;
     /// Whether a line end that comes next is no part of preformatted text.
     bool mayDropLineEnd_ = false;
 };

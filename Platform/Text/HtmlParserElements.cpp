@@ -13,11 +13,18 @@ namespace {
 
 std::int32_t numberIn(const char* text, std::int32_t otherwise) {
     constexpr std::int32_t kMost = 1'000'000;
-    const std::string_view digits(text);
+    std::string_view digits(text);
+    digits.remove_prefix(std::min(digits.find_first_not_of(kHtmlBlanks), digits.size()));
+    digits.remove_prefix(digits.starts_with('+') ? 1 : 0);
     std::int32_t number = 0;
     const auto [end, error] = std::from_chars(digits.begin(), digits.end(), number);
     const bool isNumber = error == std::errc() && number <= kMost && number >= -kMost;
     return isNumber ? number : otherwise;
+}
+
+std::string_view withoutBlanksAround(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(kHtmlBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kHtmlBlanks) + 1);
 }
 
 }  // namespace
@@ -37,9 +44,9 @@ void HtmlParser::begin(State& state, const HtmlValues& values) {
     if (state.isHidden) {
         return;
     }
-    state.isPreformatted = style.isPreformatted.value_or(state.isPreformatted);
     setLook(state, values);
     beginBlock(state, values);
+    state.isPreformatted = style.isPreformatted.value_or(state.isPreformatted);
     if (style.hasNoMarker) {
         state.list.marker = HtmlMarker::None;
     }
@@ -48,12 +55,16 @@ void HtmlParser::begin(State& state, const HtmlValues& values) {
 void HtmlParser::beginBlock(State& state, const HtmlValues& values) {
     switch (state.role) {
         case HtmlRole::Inline:
+        case HtmlRole::Page:
+            break;
+        case HtmlRole::Control:
+            text_.separate(look());
             break;
         case HtmlRole::Break:
             text_.breakLine(look());
             break;
         case HtmlRole::Image:
-            insertText(values["alt"]);
+            insertImage(values);
             break;
         case HtmlRole::Input:
             insertInput(values);
@@ -64,9 +75,10 @@ void HtmlParser::beginBlock(State& state, const HtmlValues& values) {
             text_.endParagraph(look());
             break;
         case HtmlRole::Ruby:
+            state.isInRuby = true;
             break;
         case HtmlRole::Reading:
-            state.isReading = true;
+            state.isReading = state.isInRuby;
             break;
         case HtmlRole::List:
         case HtmlRole::NumberedList:
@@ -152,8 +164,20 @@ void HtmlParser::insertInput(const HtmlValues& values) {
         std::any_of(std::begin(kSilent), std::end(kSilent),
                     [&](std::string_view silent) { return equalIgnoringAsciiCase(kind, silent); });
     if (!isSilent) {
+        text_.separate(look());
         insertText(values[equalIgnoringAsciiCase(kind, "image") ? "alt" : "value"]);
+        text_.separate(look());
     }
+}
+
+/// Letters in pictures belong to the letters beside them, but not to other pictures.
+void HtmlParser::insertImage(const HtmlValues& values) {
+    if (text_.length() == imageEnd_) {
+        text_.separate(look());
+    }
+    const std::size_t length = text_.length();
+    insertText(values["alt"]);
+    imageEnd_ = text_.length() > length ? text_.length() : imageEnd_;
 }
 
 void HtmlParser::insertText(const char* text) {
@@ -168,10 +192,14 @@ void HtmlParser::end(const State& state) {
     }
     switch (state.role) {
         case HtmlRole::Inline:
+        case HtmlRole::Page:
         case HtmlRole::Break:
         case HtmlRole::Image:
         case HtmlRole::Input:
         case HtmlRole::Reading:
+            break;
+        case HtmlRole::Control:
+            text_.separate(look());
             break;
         case HtmlRole::Ruby:
             endRuby();
@@ -196,9 +224,7 @@ void HtmlParser::end(const State& state) {
 }
 
 void HtmlParser::endRuby() {
-    std::string_view text = readings_;
-    text.remove_prefix(std::min(text.find_first_not_of(kHtmlBlanks), text.size()));
-    text = text.substr(0, text.find_last_not_of(kHtmlBlanks) + 1);
+    const std::string_view text = withoutBlanksAround(readings_);
     if (!text.empty()) {
         text_.append("(", look());
         text_.append(text, look());
@@ -208,13 +234,13 @@ void HtmlParser::endRuby() {
 }
 
 void HtmlParser::setLook(State& state, const HtmlValues& values) {
-    if (state.element == nullptr) {
+    if (state.kind == nullptr) {
         return;
     }
-    applyHtmlElement(*state.element, values, state.look);
+    applyHtmlElement(*state.kind, state.role, values, state.look);
     const char* const target = values["href"];
-    if (state.element->style == HtmlStyle::Link && target != nullptr) {
-        state.look.character.link = attributes_.addLink(target);
+    if (state.kind->style == HtmlStyle::Link && target != nullptr) {
+        state.look.character.link = attributes_.addLink(withoutBlanksAround(target));
     }
 }
 

@@ -8,20 +8,16 @@
 #include <cstddef>
 #include <string_view>
 
+#include "Platform/Text/HtmlTag.h"
+
 namespace platform {
 
 /// Returns the length of the comment, declaration or instruction that `text` begins with, to its
-/// end or that of the text; 0 when it begins with none.
-[[nodiscard]] std::size_t htmlCommentLength(std::string_view text);
+/// end or that of the text; 0 when it begins with none. In XML, a document type may hold more.
+[[nodiscard]] std::size_t htmlCommentLength(std::string_view text, HtmlSyntax syntax);
 
-/// Whether what an element holds is no text of the page and has no tags: a script, say, or the
-/// page's title.
-[[nodiscard]] bool isDroppedHtmlElement(std::string_view name);
-
-/// Whether an element holds text without tags.
-[[nodiscard]] bool isRawHtmlElement(std::string_view name);
-
-/// Returns how many bytes stand before the end tag of an element; all of them when it has none.
+/// Returns how many bytes stand before the end tag of an element that holds no tags; all of them
+/// when it has none. A script may hold another one in a comment.
 [[nodiscard]] std::size_t lengthToHtmlEndTag(std::string_view text, std::string_view name);
 
 }  // namespace platform

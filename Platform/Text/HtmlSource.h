@@ -2,7 +2,8 @@
 //
 // Authors write what browsers have always forgiven; the parser forgives other things, and some take
 // it a long time. So what it gets has references only to the signs of markup, tags with the
-// attributes that mean something, each once and in quotes, and no comments, no scripts and no NULs.
+// attributes that mean something, each once and in quotes, the ends of elements where browsers see
+// them (HtmlNesting.h), and no comments, no scripts and no control characters.
 // Stateless; any thread at once.
 
 #pragma once

@@ -37,19 +37,26 @@ void HtmlStream::flush(std::string_view& utf8) {
         }
         piece_ += utf8.substr(0, count);
         utf8.remove_prefix(count);
-        functions_.parse(parsing_, piece_, false);
-        piece_.clear();
+        parse(false);
     }
 }
 
 void HtmlStream::settle() {
+    // A comment is markup, and with one at the end of its input the parser gives back what it has
+    // kept, too.
     write("<!---->");
-    functions_.parse(parsing_, piece_, false);
-    piece_.clear();
+    parse(false);
+    textSinceTag_ = 0;
 }
 
 void HtmlStream::finish() {
-    functions_.parse(parsing_, piece_, true);
+    parse(true);
+}
+
+void HtmlStream::parse(bool isLast) {
+    if (!functions_.parse(parsing_, piece_, isLast)) {
+        throw std::bad_alloc();
+    }
     piece_.clear();
 }
 

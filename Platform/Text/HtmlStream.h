@@ -30,18 +30,33 @@ public:
         piece_ += utf8;
     }
 
-    /// Has all text parsed that was written, and forgotten. Requires: no tag has begun.
-    ///
-    /// The parser waits with text for the markup behind it. A comment is markup, and with one at
-    /// the end of its input it gives back what it has kept, too.
-    void settle();
+    /// Writes a tag.
+    void writeTag(std::string_view tag) {
+        write(tag);
+        textSinceTag_ = 0;
+    }
 
-    /// Ends the page; nothing can be written then.
+    /// Has to be told before text of a length is written.
+    ///
+    /// The parser waits with text for the markup behind it, and keeps all of it until then.
+    void expectText(std::size_t length) {
+        if (textSinceTag_ + length > kLongestText) {
+            settle();
+        }
+        textSinceTag_ += length;
+    }
+    static constexpr std::size_t kLongestText = 65536;
+
+    /// Ends the page; nothing can be written then. Like all that writes, it raises std::bad_alloc
+    /// when the parser has no memory, and what the handler raises.
     void finish();
 
 private:
     /// Parses pieces until what is left of the text fits into one.
     void flush(std::string_view& utf8);
+    /// Has all text parsed that was written, and forgotten.
+    void settle();
+    void parse(bool isLast);
 
     /// Text without markup waits inside the parser, and what a stopped parser leaves is copied.
     static constexpr std::size_t kPiece = 65536;
@@ -49,6 +64,7 @@ private:
     const HtmlFunctions& functions_;
     HtmlParsing* const parsing_;
     std::string piece_;
+    std::size_t textSinceTag_ = 0;
 };
 
 }  // namespace platform

@@ -22,6 +22,10 @@ bool isLetter(char byte) {
     return lower >= 'a' && lower <= 'z';
 }
 
+bool isCapital(char byte) {
+    return byte >= 'A' && byte <= 'Z';
+}
+
 // Kinds of bytes that mean something in a tag.
 enum ByteKind : unsigned { kBlank = 1, kSlash = 2, kEnd = 4, kEquals = 8 };
 
@@ -74,8 +78,10 @@ private:
 };
 
 void setLowercase(std::string& lower, std::string_view name) {
-    lower.resize(name.size());
-    std::transform(name.begin(), name.end(), lower.begin(), asciiLowercase);
+    lower.assign(name);
+    for (char& letter : lower) {
+        letter = asciiLowercase(letter);
+    }
 }
 
 /// What stands behind the name of an attribute and an equals sign.
@@ -104,10 +110,10 @@ void takeAttribute(Cursor& cursor, HtmlTag& tag, std::string& name) {
         return;
     }
     setLowercase(name, written);
-    if (std::binary_search(std::begin(kKnownAttributes), std::end(kKnownAttributes),
-                           std::string_view(name)) &&
-        tag.valueOf(name) == nullptr) {
-        tag.attributes.push_back({name, value});
+    const auto* const known =
+        std::lower_bound(std::begin(kKnownAttributes), std::end(kKnownAttributes), name);
+    if (known != std::end(kKnownAttributes) && *known == name && tag.valueOf(*known) == nullptr) {
+        tag.attributes.push_back({*known, value});
     }
 }
 
@@ -131,7 +137,11 @@ std::size_t readHtmlTag(std::string_view text, HtmlTag& tag) {
     if (tag.isEnd) {
         cursor.skip();
     }
-    setLowercase(tag.name, cursor.takeUntil(kBlank | kSlash | kEnd));
+    tag.name = cursor.takeUntil(kBlank | kSlash | kEnd);
+    if (std::any_of(tag.name.begin(), tag.name.end(), isCapital)) {
+        setLowercase(tag.lowercaseName, tag.name);
+        tag.name = tag.lowercaseName;
+    }
     tag.attributes.clear();
     tag.isEmptyElement = false;
     std::string name;

@@ -1,21 +1,16 @@
 #include "Platform/Text/HtmlText.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <utility>
 
 #include "Platform/Foundation/Unicode.h"
-#include "Platform/Text/HtmlTag.h"
+#include "Platform/Text/HtmlCharacters.h"
 
 namespace platform {
 namespace {
 
 constexpr char16_t kLineSeparator = 0x2028;
-
-constexpr bool isBlank(char byte) {
-    return byte == ' ' || byte == '\n' || byte == '\t' || byte == '\r' || byte == '\f';
-}
 
 /// Whether a unit belongs to a script that puts no blanks between words and whose characters are
 /// wide.
@@ -34,73 +29,6 @@ bool isSourceLayout(char16_t last, char16_t next) {
     return isEastAsian(next) && (isEastAsian(last) || isLowSurrogate(last));
 }
 
-/// Decodes the form at the start of sound UTF-8 and takes it off.
-char32_t takeCodePoint(std::string_view& utf8) {
-    const auto byteAt = [&](std::size_t i) {
-        return i < utf8.size() ? static_cast<unsigned char>(utf8[i]) : 0U;
-    };
-    const unsigned first = byteAt(0);
-    const std::size_t size = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    char32_t codePoint = size == 1 ? first : first & (0xFFU >> (size + 1));
-    for (std::size_t i = 1; i < size; ++i) {
-        codePoint = (codePoint << 6U) | (byteAt(i) & 0x3FU);
-    }
-    utf8.remove_prefix(std::min(size, utf8.size()));
-    return codePoint;
-}
-
-char16_t firstUnitOf(std::string_view utf8) {
-    const char32_t codePoint = takeCodePoint(utf8);
-    constexpr char32_t kFirstOfTwo = 0x10000;
-    return codePoint < kFirstOfTwo
-               ? static_cast<char16_t>(codePoint)
-               : static_cast<char16_t>(0xD800U + ((codePoint - kFirstOfTwo) >> 10U));
-}
-
-/// Takes a character off sound UTF-8, writes it to `unit` and returns the place behind it.
-char16_t* appendCharacter(std::string_view& utf8, char16_t* unit) {
-    constexpr char32_t kFirstOfTwo = 0x10000;
-    const char32_t codePoint = takeCodePoint(utf8);
-    if (codePoint < kFirstOfTwo) {
-        *unit++ = static_cast<char16_t>(codePoint);
-    } else {
-        *unit++ = static_cast<char16_t>(0xD800U + ((codePoint - kFirstOfTwo) >> 10U));
-        *unit++ = static_cast<char16_t>(0xDC00U + (codePoint & 0x3FFU));
-    }
-    return unit;
-}
-
-constexpr auto kAsciiOfWords = [] {
-    std::array<bool, 256> signs{};
-    for (std::size_t sign = 0; sign < 0x80; ++sign) {
-        signs[sign] = !isBlank(static_cast<char>(sign));
-    }
-    return signs;
-}();
-
-/// The same for all characters up to a blank that is more than one between two words of ASCII.
-char16_t* appendWords(std::string_view& utf8, char16_t* unit) {
-    const auto isOfWord = [](char byte) {
-        return kAsciiOfWords[static_cast<unsigned char>(byte)];
-    };
-    while (!utf8.empty() && !isBlank(utf8.front())) {
-        if (!isOfWord(utf8.front())) {
-            unit = appendCharacter(utf8, unit);
-            continue;
-        }
-        const char* at = utf8.data();
-        const char* const last = at + utf8.size() - 1;
-        while (at != last && (isOfWord(*at) || (*at == ' ' && isOfWord(at[1])))) {
-            *unit++ = static_cast<unsigned char>(*at++);
-        }
-        if (isOfWord(*at)) {
-            *unit++ = static_cast<unsigned char>(*at++);
-        }
-        utf8.remove_prefix(static_cast<std::size_t>(at - utf8.data()));
-    }
-    return unit;
-}
-
 }  // namespace
 
 void HtmlText::append(std::string_view utf8, std::uint32_t look) {
@@ -113,7 +41,7 @@ void HtmlText::append(std::string_view utf8, std::uint32_t look) {
     text_.resize(start + utf8.size());
     char16_t* unit = text_.data() + start;
     while (!utf8.empty()) {
-        unit = appendWords(utf8, unit);
+        unit = writeWords(utf8, unit);
         utf8.remove_prefix(noteBlanks(utf8, look));
         if (hasBlank_ && !utf8.empty()) {
             if (!hasLineEnd_ || !isSourceLayout(*(unit - 1), firstUnitOf(utf8))) {
@@ -129,7 +57,7 @@ void HtmlText::append(std::string_view utf8, std::uint32_t look) {
 /// Counts the blanks that a text begins with; they are written when text follows.
 std::size_t HtmlText::noteBlanks(std::string_view utf8, std::uint32_t look) {
     std::size_t count = 0;
-    for (; count < utf8.size() && isBlank(utf8[count]); ++count) {
+    for (; count < utf8.size() && isHtmlBlank(utf8[count]); ++count) {
         hasLineEnd_ = hasLineEnd_ || utf8[count] == '\n' || utf8[count] == '\r';
     }
     if (count > 0 && !hasBlank_) {
@@ -159,6 +87,14 @@ void HtmlText::appendPreformatted(std::string_view utf8, std::uint32_t look) {
     }
 }
 
+void HtmlText::separate(std::uint32_t look) {
+    if (!hasBlank_) {
+        hasBlank_ = true;
+        hasLineEnd_ = false;
+        blankLook_ = look;
+    }
+}
+
 void HtmlText::breakLine(std::uint32_t look) {
     hasBlank_ = false;
     beginText(kLineSeparator, look);
@@ -167,6 +103,7 @@ void HtmlText::breakLine(std::uint32_t look) {
 }
 
 void HtmlText::endParagraph(std::uint32_t look) {
+    isBehindReturn_ = false;
     hasBlank_ = false;
     hasLineEnd_ = false;
     if (endedCells_ > 0 || text_.empty()) {
@@ -279,10 +216,7 @@ void HtmlText::add(std::u16string_view units, std::uint32_t look) {
 void HtmlText::addCharacters(std::string_view utf8, std::uint32_t look) {
     const std::size_t start = text_.size();
     text_.resize(start + utf8.size());
-    char16_t* unit = text_.data() + start;
-    while (!utf8.empty()) {
-        unit = appendCharacter(utf8, unit);
-    }
+    const char16_t* const unit = writeCharacters(utf8, text_.data() + start);
     text_.resize(static_cast<std::size_t>(unit - text_.data()));
     addRun(text_.size() - start, look);
 }

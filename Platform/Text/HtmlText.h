@@ -33,6 +33,9 @@ public:
     /// Appends text whose blanks and line ends count.
     void appendPreformatted(std::string_view utf8, std::uint32_t look);
 
+    /// Has a blank between the text before and the text that follows, if both are of one line.
+    void separate(std::uint32_t look);
+
     /// Ends a line inside its paragraph.
     void breakLine(std::uint32_t look);
 
@@ -51,6 +54,8 @@ public:
     void endCell();
     void endTable(std::uint32_t look);
     [[nodiscard]] bool isInTable() const { return !rows_.empty(); }
+
+    [[nodiscard]] std::size_t length() const { return text_.size(); }
 
     /// The text with its attributes, once.
     [[nodiscard]] AttributedString finish(const HtmlAttributes& attributes);

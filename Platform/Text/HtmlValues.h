@@ -26,6 +26,7 @@ public:
         return nullptr;
     }
 
+    [[nodiscard]] bool isEmpty() const { return pairs_ == nullptr; }
     [[nodiscard]] bool has(std::string_view name) const { return (*this)[name] != nullptr; }
 
     /// Whether an attribute has a value, in whatever case.

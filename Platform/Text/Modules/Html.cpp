@@ -3,26 +3,25 @@
 #include <libxml/HTMLparser.h>
 #include <libxml/parserInternals.h>
 
-#include <algorithm>
-#include <climits>
-#include <memory>
+#include <exception>
 #include <mutex>
 #include <new>
-#include <string>
+#include <string_view>
+#include <utility>
 
 #include "Platform/Text/Modules/HtmlModule.h"
 
 namespace platform {
 
-/// One page, perhaps in several parsers one after the other.
 struct HtmlParsing {
     explicit HtmlParsing(const HtmlHandler& itsHandler) : handler(&itsHandler) {}
 
     const HtmlHandler* handler;
     htmlParserCtxtPtr context = nullptr;
-    /// What a parser that was stopped has not looked at.
-    std::string rest;
-    bool isStopped = false;
+    /// How many elements are open, the root among them.
+    std::size_t depth = 0;
+    /// What a function of the handler has raised; it must not pass through the library.
+    std::exception_ptr raised;
 };
 
 }  // namespace platform
@@ -32,53 +31,85 @@ namespace {
 using platform::HtmlFunctions;
 using platform::HtmlParsing;
 
-/// A parser ends the page with the end of its first element; no page has one of this name.
-constexpr std::string_view kRoot = "parlavox-page";
-constexpr std::string_view kRootTag = "<parlavox-page>";
+/// A parser ends the page with the end of its first element. This one never ends: as the elements
+/// of a page end before those around them, none of them ends it.
+constexpr std::string_view kRootTag = "<div>";
 
 std::string_view viewOf(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
 }
 
-/// Leaves the parser, whose search for what a tag closes grows with the depth. Another one goes on
-/// behind the tag that has begun.
-void stop(HtmlParsing& parsing) {
-    const xmlParserInput& input = *parsing.context->input;
-    const std::string_view behindName(reinterpret_cast<const char*>(input.cur),
-                                      static_cast<std::size_t>(input.end - input.cur));
-    parsing.rest = behindName.substr(std::min(behindName.find('>'), behindName.size() - 1) + 1);
-    parsing.isStopped = true;
-    xmlStopParser(parsing.context);
+template <class Call>
+void tell(HtmlParsing& parsing, const Call& call) {
+    try {
+        call(*parsing.handler);
+    } catch (...) {
+        parsing.raised = std::current_exception();
+        xmlStopParser(parsing.context);
+    }
 }
 
 void startElement(void* user, const xmlChar* name, const xmlChar** attributes) {
     HtmlParsing& parsing = *static_cast<HtmlParsing*>(user);
-    if (viewOf(name) == kRoot) {
+    if (++parsing.depth == 1) {
         return;
     }
-    parsing.handler->startElement(parsing.handler->receiver, viewOf(name),
-                                  reinterpret_cast<const char* const*>(attributes));
-    if (parsing.context->nameNr > HtmlFunctions::kMostDepth) {
-        stop(parsing);
-    }
+    tell(parsing, [&](const platform::HtmlHandler& handler) {
+        handler.startElement(handler.receiver, viewOf(name),
+                             reinterpret_cast<const char* const*>(attributes));
+    });
 }
 
-void endElement(void* user, const xmlChar* name) {
-    const HtmlParsing& parsing = *static_cast<HtmlParsing*>(user);
-    if (viewOf(name) != kRoot) {
-        parsing.handler->endElement(parsing.handler->receiver, viewOf(name));
+void endElement(void* user, const xmlChar* /*name*/) {
+    HtmlParsing& parsing = *static_cast<HtmlParsing*>(user);
+    if (--parsing.depth == 0) {
+        return;
     }
+    tell(parsing,
+         [&](const platform::HtmlHandler& handler) { handler.endElement(handler.receiver); });
 }
 
 void characters(void* user, const xmlChar* text, int length) {
-    const HtmlParsing& parsing = *static_cast<HtmlParsing*>(user);
-    parsing.handler->characters(parsing.handler->receiver,
-                                viewOf(text).substr(0, static_cast<std::size_t>(length)));
+    HtmlParsing& parsing = *static_cast<HtmlParsing*>(user);
+    tell(parsing, [&](const platform::HtmlHandler& handler) {
+        handler.characters(handler.receiver,
+                           viewOf(text).substr(0, static_cast<std::size_t>(length)));
+    });
 }
 
-/// Makes a parser for what is left of the page.
-bool beginParser(HtmlParsing& parsing) {
-    htmlFreeParserCtxt(parsing.context);
+void sayNothing(void* /*context*/, const char* /*format*/, ...) {
+}
+
+/// Keeps the library's own words about memory off the process's output while it lives.
+class Silence {
+public:
+    Silence() : function_(xmlGenericError), context_(xmlGenericErrorContext) {
+        xmlSetGenericErrorFunc(nullptr, sayNothing);
+    }
+    ~Silence() { xmlSetGenericErrorFunc(context_, function_); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    xmlGenericErrorFunc function_;
+    void* context_;
+};
+
+/// Whether all was taken. The library goes on after other errors, and most of the ways that it
+/// reports a refused allocation by stop it.
+bool takes(HtmlParsing& parsing, std::string_view utf8, bool areLast) {
+    const Silence silence;
+    const int size = static_cast<int>(utf8.size());
+    htmlParseChunk(parsing.context, utf8.data(), size, areLast ? 1 : 0);
+    if (parsing.raised != nullptr) {
+        std::rethrow_exception(std::exchange(parsing.raised, nullptr));
+    }
+    const int error = parsing.context->errNo;
+    return error != XML_ERR_NO_MEMORY && error != XML_ERR_NAME_REQUIRED &&
+           parsing.context->disableSAX == 0;
+}
+
+bool begins(HtmlParsing& parsing) {
     htmlSAXHandler handler{};
     handler.startElement = startElement;
     handler.endElement = endElement;
@@ -94,15 +125,7 @@ bool beginParser(HtmlParsing& parsing) {
     constexpr int kOptions = HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
                              HTML_PARSE_NONET | HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC;
     htmlCtxtUseOptions(parsing.context, kOptions);
-    htmlParseChunk(parsing.context, kRootTag.data(), static_cast<int>(kRootTag.size()), 0);
-    return true;
-}
-
-HtmlParsing* open(const platform::HtmlHandler* handler) {
-    static std::once_flag isInitialised;
-    std::call_once(isInitialised, xmlInitParser);
-    auto parsing = std::unique_ptr<HtmlParsing>(new (std::nothrow) HtmlParsing(*handler));
-    return parsing != nullptr && beginParser(*parsing) ? parsing.release() : nullptr;
+    return takes(parsing, kRootTag, false);
 }
 
 void close(HtmlParsing* parsing) {
@@ -110,21 +133,20 @@ void close(HtmlParsing* parsing) {
     delete parsing;
 }
 
-void parse(HtmlParsing* parsing, std::string_view utf8, bool areLast) {
-    if (parsing->context == nullptr) {
-        return;
+HtmlParsing* open(const platform::HtmlHandler* handler) {
+    static std::once_flag isInitialised;
+    std::call_once(isInitialised, xmlInitParser);
+    const Silence silence;
+    auto* const parsing = new (std::nothrow) HtmlParsing(*handler);
+    if (parsing != nullptr && !begins(*parsing)) {
+        close(parsing);
+        return nullptr;
     }
-    htmlParseChunk(parsing->context, utf8.data(), static_cast<int>(utf8.size()), areLast ? 1 : 0);
-    while (parsing->isStopped) {
-        parsing->isStopped = false;
-        parsing->handler->forgetElements(parsing->handler->receiver);
-        const std::string rest = std::move(parsing->rest);
-        if (!beginParser(*parsing)) {
-            return;
-        }
-        htmlParseChunk(parsing->context, rest.data(), static_cast<int>(rest.size()),
-                       areLast ? 1 : 0);
-    }
+    return parsing;
+}
+
+bool parse(HtmlParsing* parsing, std::string_view utf8, bool areLast) {
+    return takes(*parsing, utf8, areLast);
 }
 
 constexpr HtmlFunctions kFunctions = {{[] {

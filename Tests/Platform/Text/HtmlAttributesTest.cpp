@@ -51,6 +51,14 @@ TEST(HtmlAttributes, NameFonts) {
         {"<small>x", "Times-Roman", 10},
         {"<big><big>x", "Times-Roman", 17.28},
         {"<table><tr><th>x", "Times-Bold", 12},
+        {"<b><p>x</p></b>", "Times-Bold", 12},
+        {"<p><b>a<p>x", "Times-Bold", 12},
+        {"<b><table><tr><td>x", "Times-Bold", 12},
+        {"<p><b>a<table><tr><td>x", "Times-Roman", 12},
+        {"<b><p>a</b>x", "Times-Roman", 12},
+        {"<i><div>a</i><div>x", "Times-Roman", 12},
+        {"<tt><p>a<p><b>x", "Courier-Bold", 12},
+        {"<h1><p>x", "Times-Bold", 24},
     };
     for (const auto& row : kRows) {
         const auto font = objectAtX<Font>(read(row.html), kFontAttributeName);
@@ -91,6 +99,10 @@ TEST(HtmlAttributes, Link) {
         {"<a href=b>a</a>x", nullptr},
         {"<a name=b>x</a>", nullptr},
         {"<a href=b><img alt=x></a>", "b"},
+        {"<a href=' b\n'>x</a>", "b"},
+        {"<a href=b><h1>x</h1></a>", "b"},
+        {"<a href=b><table><tr><td>x</a>", "b"},
+        {"<a href=a>a<a href=b>x", "b"},
     };
     for (const auto& row : kRows) {
         const auto url = objectAtX<URLReference>(read(row.html), kLinkAttributeName);
@@ -109,6 +121,9 @@ TEST(HtmlAttributes, LayOutParagraphs) {
         {"<p align=justify>x", {.alignment = TextAlignment::Justified}},
         {"<center>x", {.alignment = TextAlignment::Center}},
         {"<p dir=rtl>x", {.baseWritingDirection = WritingDirection::RightToLeft}},
+        {"<html dir=rtl><head></head><body class=a><p>x",
+         {.baseWritingDirection = WritingDirection::RightToLeft}},
+        {"<html><body dir=rtl>x", {.baseWritingDirection = WritingDirection::RightToLeft}},
         {"<h3>x", {.headerLevel = 3}},
         {"<ul><li>x", {.headIndent = 36, .textLists = {{"{disc}", 0, 1}}}},
         {"<ul><li>a<ol start=3 type=a><li>x",
@@ -120,6 +135,7 @@ TEST(HtmlAttributes, LayOutParagraphs) {
         EXPECT_TRUE(style->layout() == row.layout) << row.html;
     }
     EXPECT_TRUE(valueAtX(read("<h1>a</h1>x"), kParagraphStyleAttributeName).isNull());
+    EXPECT_TRUE(valueAtX(read("<p>a<span dir=rtl>x"), kParagraphStyleAttributeName).isNull());
     EXPECT_TRUE(valueAtX(read("<img align=right alt=x>"), kParagraphStyleAttributeName).isNull());
 }
 
@@ -146,6 +162,12 @@ TEST(HtmlAttributes, HaveAMost) {
     EXPECT_EQ(links.length(), 70'000U);
     EXPECT_EQ(links.attributesAtIndex(60'000), nullptr) << "too many looks";
     EXPECT_EQ((*links.runs().back().attributes)[kLinkAttributeName], Value()) << "too many links";
+    html.clear();
+    for (int i = 0; i < 70'000; ++i) {
+        html += "<a href=b>a</a> and more words";
+    }
+    html += "<a href=d>x</a>";
+    EXPECT_FALSE(valueAtX(read(html), kLinkAttributeName).isNull()) << "one link, many times";
     html.clear();
     for (int i = 0; i < 10'000; ++i) {
         html += "<b>a</b>b";

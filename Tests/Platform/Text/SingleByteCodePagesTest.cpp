@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "Platform/Text/CodePageConverter.h"
 
@@ -41,6 +42,10 @@ TEST(SingleByteCodePages, AreWhatTheUnicodeLibraryHas) {
         for (int byte = 0x80; byte <= 0xFF; ++byte) {
             const char character = static_cast<char>(byte);
             converter->append(want, {&character, 1});
+        }
+        if (std::string_view(row.name) == "windows-1255") {
+            // A point that Unicode got later than the library its table, and browsers know.
+            want[0xCA - 0x80] = u'\u05BA';
         }
         EXPECT_EQ(upperHalfOfCodePage(row.number), want);
     }
