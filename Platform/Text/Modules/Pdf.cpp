@@ -15,8 +15,8 @@
 
 #include "Platform/Text/Modules/PdfComplaints.h"
 #include "Platform/Text/Modules/PdfContents.h"
-#include "Platform/Text/Modules/PdfDecoding.h"
 #include "Platform/Text/Modules/PdfModule.h"
+#include "Platform/Text/Modules/PdfSelection.h"
 #include "Platform/Text/Modules/PdfWordList.h"
 #include "Platform/Text/PdfDirection.h"
 
@@ -83,16 +83,6 @@ struct Unref {
 };
 using OwnedPage = std::unique_ptr<PopplerPage, Unref>;
 
-struct FreeRuns {
-    void operator()(GList* runs) const { poppler_page_free_text_attributes(runs); }
-};
-
-struct Free {
-    void operator()(gpointer memory) const { g_free(memory); }
-};
-template <class Item>
-using OwnedArray = std::unique_ptr<Item, Free>;
-
 /// A page takes more than a byte of its file. What declares more of them lies, and each that is
 /// missing would cost a search.
 std::size_t countedPages(PopplerDocument* document, std::size_t size) {
@@ -158,80 +148,6 @@ PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file)
     return verdict;
 }
 
-/// Selections run from one point to another. On a page that reads from the left all text lies
-/// between its upper left corner and its lower right one, if both are taken far outside.
-constexpr double kFar = 1e9;
-constexpr PopplerRectangle kWholePage = {-kFar, -kFar, kFar, kFar};
-
-/// The boxes of the characters of a page.
-struct Boxes {
-    OwnedArray<PopplerRectangle> first;
-    guint count = 0;
-};
-
-Boxes selectedBoxes(PopplerPage* page) {
-    PopplerRectangle area = kWholePage;
-    PopplerRectangle* first = nullptr;
-    guint count = 0;
-    if (poppler_page_get_text_layout_for_area(page, &area, &first, &count) == FALSE) {
-        return {};
-    }
-    return {OwnedArray<PopplerRectangle>(first), count};
-}
-
-OwnedArray<char> selectedText(PopplerPage* page, PopplerRectangle area) {
-    return OwnedArray<char>(poppler_page_get_text_for_area(page, &area));
-}
-
-std::string_view viewOf(const OwnedArray<char>& text) {
-    return text == nullptr ? std::string_view() : std::string_view(text.get());
-}
-
-void readFonts(PopplerPage* page, PdfPageContents& contents) {
-    PopplerRectangle area = kWholePage;
-    GList* const runs = poppler_page_get_text_attributes_for_area(page, &area);
-    const std::unique_ptr<GList, FreeRuns> owned(runs);
-    for (const GList* link = runs; link != nullptr; link = link->next) {
-        const auto* const run = static_cast<const PopplerTextAttributes*>(link->data);
-        contents.addFont(run->font_name, run->font_size,
-                         static_cast<std::size_t>(run->end_index) + 1);
-    }
-}
-
-/// The library's words end where a code point of a character is zero. What is behind it can be
-/// selected, which is worth the time for so many of them on a page.
-constexpr int kMostEnds = 1000;
-
-/// Where characters from `first` up to `end` of a word stand. The middle of each counts.
-PopplerRectangle areaOf(const PdfPageContents& contents, std::size_t first, std::size_t end) {
-    const PdfBox& from = contents.boxes[first];
-    const PdfBox& to = contents.boxes[end - 1];
-    constexpr double kInside = 0.25;
-    return {from.left + (from.right - from.left) * kInside,
-            from.top + (from.bottom - from.top) * kInside,
-            to.right - (to.right - to.left) * kInside, to.bottom - (to.bottom - to.top) * kInside};
-}
-
-/// Looks for the characters that words have behind their zeros.
-void findMissing(PopplerPage* page, PdfPageContents& contents) {
-    std::vector<char32_t>& characters = contents.characters;
-    int ends = 0;
-    auto at = std::find(characters.begin(), characters.end(), U'\0');
-    while (at != characters.end() && ends++ < kMostEnds) {
-        const auto first = static_cast<std::size_t>(at - characters.begin()) + 1;
-        const auto behind = std::find_if(at, characters.end(), [](char32_t c) { return c != 0; });
-        const auto end = static_cast<std::size_t>(behind - characters.begin());
-        std::vector<char32_t> found;
-        if (first < end) {
-            platform::appendDecoded(viewOf(selectedText(page, areaOf(contents, first, end))),
-                                    found);
-        }
-        found.resize(std::min(found.size(), end - first));
-        at = std::copy(found.begin(), found.end(), at + 1);
-        at = std::find(at, characters.end(), U'\0');
-    }
-}
-
 /// Reads a page from the list of its words; false when that cannot be.
 bool readList(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
     if (file.list == nullptr) {
@@ -241,31 +157,19 @@ bool readList(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageConten
     if (!file.list->read(index, listed)) {
         return false;
     }
-    findMissing(page, listed);
+    platform::findMissing(page, listed);
+    platform::findFonts(page, listed);
     file.readsFromTheRight =
         std::any_of(listed.characters.begin(), listed.characters.end(), platform::isFromTheRight);
     contents = std::move(listed);
     return true;
 }
 
-/// Each selection takes the memory of the one before it again, as long as nothing else takes that;
-/// so what they found is turned into contents at the end.
-void readSelection(PopplerPage* page, PdfPageContents& contents) {
-    readFonts(page, contents);
-    const Boxes boxes = selectedBoxes(page);
-    const OwnedArray<char> text = selectedText(page, kWholePage);
-    platform::appendDecoded(viewOf(text), contents.characters);
-    contents.boxes.resize(boxes.count);
-    std::transform(
-        boxes.first.get(), boxes.first.get() + boxes.count, contents.boxes.begin(),
-        [](const PopplerRectangle& box) { return PdfBox(box.x1, box.y1, box.x2, box.y2); });
-}
-
 void read(PdfFile& file, std::size_t index, PopplerPage* page, PdfPageContents& contents) {
     if (file.readsFromTheRight && readList(file, index, page, contents)) {
         return;
     }
-    readSelection(page, contents);
+    platform::readSelection(page, contents);
     if (!contents.areAll() && !readList(file, index, page, contents)) {
         std::erase_if(contents.characters, platform::isPdfDirectionMark);
         contents.characters.resize(contents.boxes.size());

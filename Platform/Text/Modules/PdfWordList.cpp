@@ -3,14 +3,11 @@
 #include "Platform/Text/Modules/PdfWordList.h"
 
 #include <cpp/poppler-document.h>
-#include <cpp/poppler-font.h>
 #include <cpp/poppler-page.h>
 
 #include <algorithm>
 #include <limits>
 #include <span>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "Platform/Text/Modules/PdfDecoding.h"
@@ -24,9 +21,6 @@ namespace {
 using platform::PdfBox;
 using platform::PdfPageContents;
 
-/// The list has a copy of all the page's fonts for each word.
-constexpr std::size_t kMostFonts = 64;
-
 PdfBox boxOf(const poppler::rectf& box) {
     return {box.left(), box.top(), box.right(), box.bottom()};
 }
@@ -34,16 +28,6 @@ PdfBox boxOf(const poppler::rectf& box) {
 /// Where a word has no more characters, the library has this.
 bool isNowhere(const poppler::rectf& box) {
     return box.left() == 0 && box.top() == 0 && box.right() == 0 && box.bottom() == 0;
-}
-
-/// Subsets of fonts have capitals and a plus before their name.
-std::string_view withoutSubset(std::string_view name) {
-    const auto isCapital = [](char c) {
-        return c >= 'A' && c <= 'Z';
-    };
-    const auto end = std::find_if_not(name.begin(), name.end(), isCapital);
-    const bool isSubset = end != name.begin() && end != name.end() && *end == '+';
-    return isSubset ? name.substr(static_cast<std::size_t>(end - name.begin()) + 1) : name;
 }
 
 void addWord(const poppler::text_box& word, PdfPageContents& contents) {
@@ -58,10 +42,6 @@ void addWord(const poppler::text_box& word, PdfPageContents& contents) {
         }
         contents.boxes.push_back(boxOf(box));
         contents.characters.resize(std::max(contents.characters.size(), contents.boxes.size()));
-        if (word.has_font_info()) {
-            const std::string name = word.get_font_name(static_cast<int>(i));
-            contents.addFont(withoutSubset(name), word.get_font_size(), contents.boxes.size());
-        }
     }
     contents.characters.push_back(word.has_space_after() ? U' ' : U'\n');
     contents.boxes.push_back(boxOf(word.bbox()));
@@ -89,11 +69,8 @@ bool PdfWordList::read(std::size_t page, PdfPageContents& contents) {
     if (open == nullptr) {
         return false;
     }
-    const std::unique_ptr<poppler::font_iterator> fonts(
-        document_->file->create_font_iterator(number));
-    const bool hasFewFonts = fonts->has_next() && fonts->next().size() <= kMostFonts;
-    for (const poppler::text_box& word :
-         open->text_list(hasFewFonts ? poppler::page::text_list_include_font : 0)) {
+    // With fonts the library would look for those of the system that come nearest to them.
+    for (const poppler::text_box& word : open->text_list()) {
         addWord(word, contents);
     }
     return true;

@@ -23,9 +23,9 @@ public:
     PdfWordList(const PdfWordList&) = delete;
     PdfWordList& operator=(const PdfWordList&) = delete;
 
-    /// Adds the words of a page to empty contents: blanks and line feeds between them, and a zero
-    /// for each character that the library does not tell. False when the file or the page cannot
-    /// be read like this.
+    /// Adds the words of a page to empty contents: blanks and line feeds between them, a zero for
+    /// each character that the library does not tell, and no fonts. False when the file or the page
+    /// cannot be read like this.
     bool read(std::size_t page, PdfPageContents& contents);
 
 private:
