@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <mutex>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -132,8 +133,37 @@ void close(PdfFile* file) {
     delete file;
 }
 
+/// With the first page that the library reads it makes what all pages share, such as profiles of
+/// colours, and does not guard it. So one thread reads an empty page before all others.
+void readFirstPage() {
+    static constexpr std::string_view kEmptyPage =
+        "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
+        "2 0 obj<</Type/Pages/Kids[3 0 R]/Count 1>>endobj\n"
+        "3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 9 9]>>endobj\n"
+        "trailer<</Size 4/Root 1 0 R>>\n";
+    static std::once_flag isRead;
+    std::call_once(isRead, [] {
+        auto* const file = new (std::nothrow) PdfFile(kEmptyPage, nullptr);
+        if (file == nullptr) {
+            return;
+        }
+        (void)verdictOfJob([&] {
+            const PdfVerdict verdict = openFile(*file);
+            if (verdict == PdfVerdict::Good) {
+                const Working working(*file);
+                const OwnedPage page(poppler_document_get_page(file->document, 0));
+                PdfPageContents contents;
+                platform::readSelection(page.get(), contents);
+            }
+            return verdict;
+        });
+        close(file);
+    });
+}
+
 PdfVerdict open(const char* bytes, std::size_t size, PdfLog log, PdfFile** file) {
     listen();
+    readFirstPage();
     PdfFile* const opened = new (std::nothrow) PdfFile({bytes, size}, log);
     if (opened == nullptr) {
         return PdfVerdict::NoMemory;

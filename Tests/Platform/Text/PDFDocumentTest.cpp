@@ -275,12 +275,19 @@ TEST(PDFDocument, DocumentsOfDifferentThreadsDoNotDisturbEachOther) {
     std::vector<std::thread> threads;
     for (int number = 0; number < kThreads; number++) {
         threads.emplace_back([number, &right] {
+            const auto letter = static_cast<char16_t>(u'\u05D0' + number);
             const std::string word = "Thread" + std::to_string(number);
+            const std::u16string other(8, letter);
             const std::string bytes = test::madePdf({{{50, 700, word}}, {{50, 700, word}}});
+            const std::string fromTheRight =
+                test::madePdfOfGlyphs({lineFromTheRight(550, 700, other)});
             for (int round = 0; round < kRounds; round++) {
-                const auto document = PDFDocument::initWithData(dataOf(bytes));
-                if (document != nullptr && textOfPage(*document, 0) == textOfPage(*document, 1) &&
-                    textOfPage(*document, 0) == utf16FromAscii(word + "\n")) {
+                const auto first = PDFDocument::initWithData(dataOf(bytes));
+                const auto second = PDFDocument::initWithData(dataOf(fromTheRight));
+                if (first != nullptr && second != nullptr &&
+                    textOfPage(*first, 0) == utf16FromAscii(word + "\n") &&
+                    textOfPage(*second, 0) == other + u"\n" &&
+                    textOfPage(*first, 1) == textOfPage(*first, 0)) {
                     right++;
                 }
             }
