@@ -36,7 +36,6 @@ struct platform::PdfFile {
 
 namespace {
 
-using platform::PdfBox;
 using platform::PdfFile;
 using platform::PdfFunctions;
 using platform::PdfLog;
