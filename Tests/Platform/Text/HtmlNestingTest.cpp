@@ -7,30 +7,15 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/Text/HtmlReader.h"
+#include "Tests/Support/HtmlTexts.h"
 
 namespace platform {
 namespace {
 
 using namespace std::string_view_literals;
 
-struct Row {
-    const char* name;
-    std::string_view html;
-    std::u16string_view want;
-};
-
-std::u16string textOf(std::string_view html) {
-    const auto text = attributedStringFromHtml(Data::copyOf(html));
-    return text ? text.value().string() : u"(a fault)";
-}
-
-template <std::size_t kCount>
-void expectTexts(const Row (&rows)[kCount]) {
-    for (const Row& row : rows) {
-        EXPECT_EQ(textOf(row.html), row.want) << row.name;
-    }
-}
+using Row = test::HtmlRow;
+using test::expectTexts;
 
 TEST(HtmlNesting, EndsParagraphsBeforeBlocks) {
     constexpr Row kRows[] = {
@@ -165,7 +150,7 @@ TEST(HtmlNesting, KeepsWhatIsOpenWhereElementsNestTooDeep) {
         for (int i = 0; i < 2'000; ++i) {
             html += row.piece;
         }
-        EXPECT_EQ(textOf(html + std::string(row.end)), row.want) << row.name;
+        EXPECT_EQ(test::textOfHtml(html + std::string(row.end)), row.want) << row.name;
     }
 }
 

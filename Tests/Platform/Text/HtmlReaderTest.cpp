@@ -7,28 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include "Tests/Support/HtmlTexts.h"
+
 namespace platform {
 namespace {
 
 using namespace std::string_view_literals;
 
-struct Row {
-    const char* name;
-    std::string_view html;
-    std::u16string_view want;
-};
-
-std::u16string textOf(std::string_view html) {
-    const auto text = attributedStringFromHtml(Data::copyOf(html));
-    return text ? text.value().string() : u"(a fault)";
-}
-
-template <std::size_t kCount>
-void expectTexts(const Row (&rows)[kCount]) {
-    for (const Row& row : rows) {
-        EXPECT_EQ(textOf(row.html), row.want) << row.name;
-    }
-}
+using Row = test::HtmlRow;
+using test::expectTexts;
 
 TEST(HtmlReader, EndsBlocksWithOneLineEnd) {
     constexpr Row kRows[] = {
@@ -322,7 +309,7 @@ TEST(HtmlReader, KeepsTheTextOfWhateverDepth) {
         for (std::size_t i = 0; i < kDepth; ++i) {
             html += "<" + std::string(element) + ">";
         }
-        const std::u16string text = textOf(html + "deep");
+        const std::u16string text = test::textOfHtml(html + "deep");
         EXPECT_TRUE(text.ends_with(u"deep") || text.ends_with(u"deep\n")) << element;
     }
 }
@@ -336,7 +323,7 @@ TEST(HtmlReader, ReadsPagesInPieces) {
             html += "é<b>漢</b>😀";
             want += u"é漢😀";
         }
-        EXPECT_EQ(textOf(html), want) << shift;
+        EXPECT_EQ(test::textOfHtml(html), want) << shift;
     }
 }
 
@@ -360,19 +347,19 @@ TEST(HtmlReader, ReadsLongTextWithoutMarkup) {
             want += row.want;
         }
         want.resize(want.find_last_not_of(u' ') + 1);
-        EXPECT_EQ(textOf(html), want) << row.name;
-        EXPECT_EQ(textOf("<textarea>" + html).substr(0, want.size()), want) << row.name;
+        EXPECT_EQ(test::textOfHtml(html), want) << row.name;
+        EXPECT_EQ(test::textOfHtml("<textarea>" + html).substr(0, want.size()), want) << row.name;
     }
 }
 
 TEST(HtmlReader, ReadsLongAttributesAndManyOfThem) {
     const std::string lengthy(500'000, 'x');
-    EXPECT_EQ(textOf("<img alt=" + lengthy + ">").size(), lengthy.size());
+    EXPECT_EQ(test::textOfHtml("<img alt=" + lengthy + ">").size(), lengthy.size());
     std::string html = "<p";
     for (int i = 0; i < 100'000; ++i) {
         html += " a" + std::to_string(i) + "=b";
     }
-    EXPECT_EQ(textOf(html + " hidden>a</p>b"), u"b");
+    EXPECT_EQ(test::textOfHtml(html + " hidden>a</p>b"), u"b");
 }
 
 TEST(HtmlReader, ReadsEveryBeginningOfAPage) {
