@@ -58,7 +58,7 @@ private:
     void settle();
     void parse(bool isLast);
 
-    /// Text without markup waits inside the parser, and what a stopped parser leaves is copied.
+    /// How much is handed over at once.
     static constexpr std::size_t kPiece = 65536;
 
     const HtmlFunctions& functions_;

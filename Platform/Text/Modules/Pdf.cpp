@@ -1,7 +1,8 @@
 // The module `pdf`, over Poppler's GLib interface.
 //
-// Poppler's objects belong to one thread at a time, and so do ours; what all its documents share it
-// guards itself. So threads with documents of their own wait for nobody here.
+// Poppler's objects belong to one thread at a time, and so do ours. What all its documents share it
+// guards itself, but for what it makes with its first page; so threads with documents of their own
+// wait for nobody here once that is read.
 
 #include <poppler.h>
 
@@ -12,7 +13,6 @@
 #include <new>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "Platform/Text/Modules/PdfComplaints.h"
 #include "Platform/Text/Modules/PdfContents.h"

@@ -101,14 +101,14 @@ void readSelection(PopplerPage* page, PdfPageContents& contents) {
     readFonts(page, contents);
     const Boxes boxes = selectedBoxes(page, kWholePage);
     const OwnedArray<char> text = selectedText(page, kWholePage);
-    platform::appendDecoded(viewOf(text), contents.characters);
+    appendDecoded(viewOf(text), contents.characters);
     contents.boxes.resize(boxes.count);
     std::transform(boxes.first.get(), boxes.first.get() + boxes.count, contents.boxes.begin(),
                    boxOf);
 }
 
 void findFonts(PopplerPage* page, PdfPageContents& contents) {
-    platform::PdfFontsByPlace fonts;
+    PdfFontsByPlace fonts;
     for (const PopplerRectangle& area : {kWholePage, kFromTheRight}) {
         const Boxes boxes = selectedBoxes(page, area);
         std::size_t at = 0;
@@ -132,8 +132,7 @@ void findMissing(PopplerPage* page, PdfPageContents& contents) {
         const auto end = static_cast<std::size_t>(behind - characters.begin());
         std::vector<char32_t> found;
         if (first < end) {
-            platform::appendDecoded(viewOf(selectedText(page, areaOf(contents, first, end))),
-                                    found);
+            appendDecoded(viewOf(selectedText(page, areaOf(contents, first, end))), found);
         }
         found.resize(std::min(found.size(), end - first));
         at = std::copy(found.begin(), found.end(), at + 1);
